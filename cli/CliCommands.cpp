@@ -1,0 +1,16 @@
+#include "cli/CliCommands.h"
+
+namespace ortelix {
+
+const std::vector<CliCommand>& CliCommands() {
+    static const std::vector<CliCommand> table = {
+        {"help", "ortelix help", "zeigt diese Übersicht", HelpCommand},
+        {"convert", "ortelix convert [-i FORMAT] [-o FORMAT] [--set NAME=WERT]... EINGABE... AUSGABE",
+         "liest alle Eingaben in einen Speicher und schreibt ihn in die Ausgabe", ConvertCommand},
+        {"info", "ortelix info [--set NAME=WERT]... DATEI...", "zeigt, was die Dateien enthalten", InfoCommand},
+        {"formats", "ortelix formats", "listet die Formate mit Lesen/Schreiben und Endungen", FormatsCommand},
+    };
+    return table;
+}
+
+}  // namespace ortelix

@@ -1,0 +1,22 @@
+#pragma once
+// The table of command-line commands; each command lives in its own file.
+#include <string>
+#include <vector>
+
+namespace ortelix {
+
+struct CliCommand {
+    const char* name;
+    const char* usage;
+    const char* summary;
+    int (*run)(const std::vector<std::string>& args);
+};
+
+const std::vector<CliCommand>& CliCommands();
+
+int HelpCommand(const std::vector<std::string>& args);
+int ConvertCommand(const std::vector<std::string>& args);
+int InfoCommand(const std::vector<std::string>& args);
+int FormatsCommand(const std::vector<std::string>& args);
+
+}  // namespace ortelix

@@ -1,0 +1,74 @@
+#include "cli/CliSession.h"
+
+#include <cstdio>
+
+#include "commands/CommandTable.h"
+#include "core/Failure.h"
+#include "core/ModulShared.h"
+
+namespace ortelix {
+
+namespace {
+std::string Lower(std::string s) {
+    for (char& c : s)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+    return s;
+}
+}  // namespace
+
+bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
+    ctx.session = std::make_unique<Session>(ctx.platform);
+    std::vector<std::pair<std::string, std::string>> sets;
+    for (size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        auto value = [&](std::string& into) {
+            if (i + 1 >= args.size()) {
+                ctx.error = "Dem Schalter " + a + " fehlt ein Wert";
+                return false;
+            }
+            into = args[++i];
+            return true;
+        };
+        if (a == "-i") {
+            if (!value(ctx.inputFormat)) return false;
+        } else if (a == "-o") {
+            if (!value(ctx.outputFormat)) return false;
+        } else if (a == "--set") {
+            std::string kv;
+            if (!value(kv)) return false;
+            const size_t eq = kv.find('=');
+            if (eq == std::string::npos) {
+                ctx.error = "--set erwartet NAME=WERT: " + kv;
+                return false;
+            }
+            sets.emplace_back(kv.substr(0, eq), kv.substr(eq + 1));
+        } else if (a.size() > 1 && a[0] == '-' && a != "-") {
+            ctx.error = "Unbekannter Schalter: " + a;
+            return false;
+        } else {
+            ctx.positional.push_back(a);
+        }
+    }
+    for (const auto& [name, val] : sets) {
+        if (!SetOption(ctx.session->options, name, val)) {
+            ctx.error = "Unbekannte Einstellung: " + name + "=" + val;
+            return false;
+        }
+    }
+    return true;
+}
+
+bool ReadInput(CliContext& ctx, const std::string& path, const std::string& format) {
+    const std::string key = format.empty() ? Lower(SplitPath(path, 5)) : format;
+    const Command* reader = FindFormat(key, CommandKind::Read);
+    if (!reader) {
+        std::fprintf(stderr, "%s: kein Leseformat für \"%s\" (ortelix formats zeigt die Formate)\n", path.c_str(),
+                     key.c_str());
+        return false;
+    }
+    Session& s = *ctx.session;
+    s.store.PendingName = SplitPath(path, 1);
+    return RunReader(s, reader->title, [&] { reader->run(s, path); });
+}
+
+}  // namespace ortelix

@@ -1,0 +1,46 @@
+#pragma once
+// One run of the program: the store, the options and every piece of state
+// that the program keeps between commands. main() makes one, every test its own.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/ModulArray.h"
+#include "core/Options.h"
+#include "core/ReadFilterState.h"
+
+namespace ortelix {
+
+class Platform;
+
+class Session {
+public:
+    explicit Session(Platform& platform) : platform(platform) {}
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    Platform& platform;
+    DataStore store;
+    Options options;
+    TrackFilterState trackFilter;
+    TrackStatState trackStats;
+    DateChoice dates;
+
+    bool UserAbort = false;
+
+    // Called by readers once per record: gives the event loop time every few
+    // milliseconds and reports the right mouse button as an abort.
+    void progress() {
+        if (--progressCountdown_ > 0) return;
+        progressCountdown_ = kProgressStride;
+        pollEvents();
+    }
+    void pollEvents();
+
+private:
+    static constexpr int kProgressStride = 4096;
+    int progressCountdown_ = kProgressStride;
+    double lastYield_ = -1;
+};
+
+}  // namespace ortelix

@@ -1,0 +1,24 @@
+#pragma once
+// GPX 1.0, and the short element vocabulary that the same scan reads.
+#include <string>
+#include <string_view>
+
+namespace ortelix {
+
+class Session;
+
+// Reads the file into the store: tracks, short tracks, routes, short routes,
+// waypoints, short waypoints. Throws FileError when the file cannot be read.
+void ReadGPXFile(Session& s, const std::string& path);
+// The same on a text already in memory (any charset its declaration names).
+void ReadGPXText(Session& s, std::string_view bytes);
+// Writes the whole store; an existing file stays untouched on failure.
+void WriteGPXFile(Session& s, const std::string& path);
+// The file's bytes as the writer makes them (ISO-8859-1, CR LF).
+std::string GPXFileText(const Session& s);
+
+// mode 1 only notes the dates of the points; mode 2 adds the points.
+void ReadGPXTracks(Session& s, std::string_view text, std::string_view lower, int mode);
+void ReadShortTracks(Session& s, std::string_view text, std::string_view lower, int mode);
+
+}  // namespace ortelix

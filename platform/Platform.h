@@ -1,0 +1,76 @@
+#pragma once
+// Every operation outside the program's own logic: dialogs, settings store,
+// clock, clipboard, keys and mouse, outside programs, serial port, folders.
+// The desktop, the command line and the tests each supply an implementation.
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ortelix {
+
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Icon { None, Information, Question, Warning, Critical };
+enum class Answer { Ok, Cancel, Yes, No };
+
+struct FileChoice {
+    std::string path;     // empty when the user cancelled
+    int filterIndex = 1;  // 1-based, as the dialogs count filters
+};
+
+struct Picture {  // 32-bit BGRA rows, top row first
+    int width = 0, height = 0;
+    std::vector<uint32_t> pixels;
+};
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    // Per-user settings store: application "Ortelix", section, key -> text.
+    virtual std::optional<std::string> readSetting(const std::string& section, const std::string& key) = 0;
+    virtual void writeSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
+    virtual bool hasSettings() = 0;
+    virtual void syncSettings() = 0;
+
+    // Dialogs. The filter is in the "Text (*.ext)|*.ext|..." form.
+    virtual FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex,
+                                  bool save, const std::string& folder, const std::string& defaultName) = 0;
+    virtual Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) = 0;
+    virtual std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                                const std::string& defaultText) = 0;
+    // The date choice of a log with several dates: returns the ticked entries.
+    virtual std::vector<bool> chooseDates(const std::vector<std::string>& dates) = 0;
+
+    virtual void setBusy(bool busy) = 0;
+    // Gives the event loop time; returns true while the right mouse button is down.
+    virtual bool yield() = 0;
+    // Seconds on a steady clock; the fake advances it when waited on.
+    virtual double now() = 0;
+
+    virtual std::string clipboardText() = 0;
+    virtual void setClipboardText(const std::string& text) = 0;
+    virtual std::optional<Picture> clipboardPicture() = 0;
+
+    virtual void sendKeys(const std::string& keys) = 0;  // SendKeys notation
+    virtual void mousePosition(int& x, int& y) = 0;
+    virtual void mouseClick(int x, int y) = 0;
+
+    // Outside programs and associations. Returns false when it cannot start.
+    virtual bool startProgram(const std::string& program, const std::vector<std::string>& args, bool wait) = 0;
+    virtual bool openWithSystem(const std::string& pathOrLink) = 0;
+
+    // Serial port: device path and settings such as "4800,n,8,1".
+    virtual bool serialOpen(const std::string& device, const std::string& settings) = 0;
+    virtual bool serialWrite(const std::string& bytes) = 0;
+    virtual void serialClose() = 0;
+    virtual std::vector<std::string> serialPorts() = 0;
+
+    virtual bool joystick(int& x, int& y, int& buttons) = 0;
+
+    // The folder of the program's data files, and the temporary folder.
+    virtual std::string programFolder() = 0;
+    virtual std::string tempFolder() = 0;
+};
+
+}  // namespace ortelix

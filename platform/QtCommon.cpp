@@ -1,0 +1,63 @@
+#include "platform/QtCommon.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace ortelix::qtcommon {
+
+namespace {
+QSettings& Store() {
+    // One store object per process; QSettings keeps its own cache and locks the file.
+    static QSettings settings(QSettings::IniFormat, QSettings::UserScope, "Ortelix", "Ortelix");
+    return settings;
+}
+
+// Section names are compared without case: "Kartenexport" and "KartenExport" are one.
+QString Section(const std::string& section) {
+    const QString s = QString::fromStdString(section);
+    if (s.compare("Kartenexport", Qt::CaseInsensitive) == 0) return "Kartenexport";
+    if (s.compare("Setup", Qt::CaseInsensitive) == 0) return "Setup";
+    if (s.compare("Ordner", Qt::CaseInsensitive) == 0) return "Ordner";
+    return s;
+}
+
+QString Key(const std::string& section, const std::string& key) {
+    return Section(section) + "/" + QString::fromStdString(key);
+}
+}  // namespace
+
+std::optional<std::string> ReadSetting(const std::string& section, const std::string& key) {
+    const QVariant v = Store().value(Key(section, key));
+    if (!v.isValid()) return std::nullopt;
+    return v.toString().toStdString();
+}
+
+void WriteSetting(const std::string& section, const std::string& key, const std::string& value) {
+    Store().setValue(Key(section, key), QString::fromStdString(value));
+}
+
+bool HasSettings() { return !Store().allKeys().isEmpty(); }
+
+void SyncSettings() { Store().sync(); }
+
+std::string SettingsPath() { return Store().fileName().toStdString(); }
+
+std::string ProgramFolder() {
+    const QString app = QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
+    for (const QString& candidate : {app + "/data", app + "/../share/ortelix"}) {
+        if (QDir(candidate).exists()) return QDir(candidate).canonicalPath().toStdString();
+    }
+    return (app + "/data").toStdString();
+}
+
+std::string TempFolder() {
+    QString cache = qEnvironmentVariable("XDG_CACHE_HOME");
+    if (cache.isEmpty()) cache = QDir::homePath() + "/.cache";
+    const QString path = cache + "/ortelix/OXTemp";
+    QDir().mkpath(path);
+    return path.toStdString();
+}
+
+}  // namespace ortelix::qtcommon

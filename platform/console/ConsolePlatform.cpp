@@ -1,0 +1,104 @@
+#include "platform/console/ConsolePlatform.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QProcess>
+#include <QStringList>
+#include <QUrl>
+#include <chrono>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/QtCommon.h"
+#include "platform/SerialSettings.h"
+
+namespace ortelix {
+
+std::optional<std::string> ConsolePlatform::readSetting(const std::string& section, const std::string& key) {
+    return qtcommon::ReadSetting(section, key);
+}
+void ConsolePlatform::writeSetting(const std::string& section, const std::string& key, const std::string& value) {
+    qtcommon::WriteSetting(section, key, value);
+}
+bool ConsolePlatform::hasSettings() { return qtcommon::HasSettings(); }
+void ConsolePlatform::syncSettings() { qtcommon::SyncSettings(); }
+
+FileChoice ConsolePlatform::fileDialog(const std::string&, const std::string&, int filterIndex, bool, const std::string&,
+                                       const std::string& defaultName) {
+    // The command line names its files itself; a dialog takes the proposed name.
+    return {defaultName, filterIndex};
+}
+
+Answer ConsolePlatform::messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon) {
+    if (!quiet) {
+        std::string shown = text;
+        for (size_t p; (p = shown.find("\r\n")) != std::string::npos;) shown.replace(p, 2, "\n");
+        std::fprintf(stderr, "%s%s%s\n", title.empty() ? "" : title.c_str(), title.empty() ? "" : ": ", shown.c_str());
+    }
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    if (buttons == Buttons::OkCancel) return defaultAnswer == Answer::Yes ? Answer::Ok : Answer::Cancel;
+    return defaultAnswer;
+}
+
+std::optional<std::string> ConsolePlatform::inputBox(const std::string&, const std::string&, const std::string& def) {
+    return def;
+}
+
+std::vector<bool> ConsolePlatform::chooseDates(const std::vector<std::string>& dates) {
+    if (dateAnswer.empty()) return std::vector<bool>(dates.size(), true);
+    std::vector<bool> a = dateAnswer;
+    a.resize(dates.size(), false);
+    return a;
+}
+
+double ConsolePlatform::now() {
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+bool ConsolePlatform::startProgram(const std::string& program, const std::vector<std::string>& args, bool wait) {
+    QStringList list;
+    for (const auto& a : args) list << QString::fromStdString(a);
+    if (!wait) return QProcess::startDetached(QString::fromStdString(program), list);
+    QProcess p;
+    p.start(QString::fromStdString(program), list);
+    if (!p.waitForStarted()) return false;
+    p.waitForFinished(-1);
+    return true;
+}
+
+bool ConsolePlatform::openWithSystem(const std::string& pathOrLink) {
+    const QString s = QString::fromStdString(pathOrLink);
+    const QUrl url = s.contains("://") ? QUrl(s) : QUrl::fromLocalFile(s);
+    return QDesktopServices::openUrl(url);
+}
+
+bool ConsolePlatform::serialOpen(const std::string& device, const std::string& settings) {
+    serialClose();
+    serialFd_ = OpenSerialDevice(device, settings);
+    return serialFd_ >= 0;
+}
+
+bool ConsolePlatform::serialWrite(const std::string& bytes) {
+    if (serialFd_ < 0) return false;
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(serialFd_, bytes.data() + done, bytes.size() - done);
+        if (n <= 0) return false;
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+void ConsolePlatform::serialClose() {
+    if (serialFd_ >= 0) ::close(serialFd_);
+    serialFd_ = -1;
+}
+
+std::vector<std::string> ConsolePlatform::serialPorts() { return ListSerialDevices(); }
+
+std::string ConsolePlatform::programFolder() { return qtcommon::ProgramFolder(); }
+std::string ConsolePlatform::tempFolder() { return qtcommon::TempFolder(); }
+
+}  // namespace ortelix

@@ -1,0 +1,51 @@
+#pragma once
+// The command line's platform: no display. Dialogs are answered from the
+// command's flags or their defaults, messages go to stderr.
+#include <map>
+#include <string>
+
+#include "platform/Platform.h"
+
+namespace ortelix {
+
+class ConsolePlatform : public Platform {
+public:
+    // Answers for the questions a command may meet (flags of the command line).
+    Answer defaultAnswer = Answer::Yes;
+    std::vector<bool> dateAnswer;  // empty: all dates
+    bool quiet = false;
+
+    std::optional<std::string> readSetting(const std::string& section, const std::string& key) override;
+    void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
+    bool hasSettings() override;
+    void syncSettings() override;
+    FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
+                          const std::string& folder, const std::string& defaultName) override;
+    Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultText) override;
+    std::vector<bool> chooseDates(const std::vector<std::string>& dates) override;
+    void setBusy(bool) override {}
+    bool yield() override { return false; }
+    double now() override;
+    std::string clipboardText() override { return {}; }
+    void setClipboardText(const std::string&) override {}
+    std::optional<Picture> clipboardPicture() override { return std::nullopt; }
+    void sendKeys(const std::string&) override {}
+    void mousePosition(int& x, int& y) override { x = y = 0; }
+    void mouseClick(int, int) override {}
+    bool startProgram(const std::string& program, const std::vector<std::string>& args, bool wait) override;
+    bool openWithSystem(const std::string& pathOrLink) override;
+    bool serialOpen(const std::string& device, const std::string& settings) override;
+    bool serialWrite(const std::string& bytes) override;
+    void serialClose() override;
+    std::vector<std::string> serialPorts() override;
+    bool joystick(int&, int&, int&) override { return false; }
+    std::string programFolder() override;
+    std::string tempFolder() override;
+
+private:
+    int serialFd_ = -1;
+};
+
+}  // namespace ortelix

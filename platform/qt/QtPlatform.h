@@ -1,0 +1,52 @@
+#pragma once
+// The desktop's platform: Qt dialogs, clipboard, processes and the settings file.
+#include "platform/Platform.h"
+
+class QWidget;
+
+namespace ortelix {
+
+class QtPlatform : public Platform {
+public:
+    explicit QtPlatform(QWidget* parent = nullptr) : parent_(parent) {}
+    void setParent(QWidget* parent) { parent_ = parent; }
+
+    std::optional<std::string> readSetting(const std::string& section, const std::string& key) override;
+    void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
+    bool hasSettings() override;
+    void syncSettings() override;
+    FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
+                          const std::string& folder, const std::string& defaultName) override;
+    Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultText) override;
+    std::vector<bool> chooseDates(const std::vector<std::string>& dates) override;
+    void setBusy(bool busy) override;
+    bool yield() override;
+    double now() override;
+    std::string clipboardText() override;
+    void setClipboardText(const std::string& text) override;
+    std::optional<Picture> clipboardPicture() override;
+    void sendKeys(const std::string& keys) override;
+    void mousePosition(int& x, int& y) override;
+    void mouseClick(int x, int y) override;
+    bool startProgram(const std::string& program, const std::vector<std::string>& args, bool wait) override;
+    bool openWithSystem(const std::string& pathOrLink) override;
+    bool serialOpen(const std::string& device, const std::string& settings) override;
+    bool serialWrite(const std::string& bytes) override;
+    void serialClose() override;
+    std::vector<std::string> serialPorts() override;
+    bool joystick(int& x, int& y, int& buttons) override;
+    std::string programFolder() override;
+    std::string tempFolder() override;
+
+private:
+    QWidget* parent_;
+    int serialFd_ = -1;
+    bool busy_ = false;
+};
+
+// Turns a "Text (*.x)|*.x|..." filter list into Qt's ";;" form.
+std::string QtFilter(const std::string& filter);
+
+}  // namespace ortelix

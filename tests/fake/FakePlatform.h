@@ -1,0 +1,91 @@
+#pragma once
+// A platform for tests: scripted answers, recorded messages, keys, clipboard
+// and serial bytes, in-memory settings, and a clock that moves only when
+// the program waits.
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace ortelix {
+
+struct RecordedMessage {
+    std::string text, title;
+    Buttons buttons;
+    Icon icon;
+};
+
+class FakePlatform : public Platform {
+public:
+    // Settings, keyed by lower-case section (the store ignores its case) and key.
+    std::map<std::pair<std::string, std::string>, std::string> settings;
+    std::vector<RecordedMessage> messages;
+    std::deque<Answer> answers;               // next message box answers; Ok/Yes when empty
+    std::deque<FileChoice> fileChoices;       // next file dialog results
+    std::vector<std::string> fileDialogTitles;
+    std::string lastDialogFolder;
+    int lastDialogFilterIndex = 0;
+    std::deque<std::string> inputs;
+    std::vector<bool> dateAnswer;             // empty: tick every date
+    std::vector<std::string> datesAsked;
+    std::string clipboard;
+    std::vector<std::string> keys;
+    std::vector<std::pair<int, int>> clicks;
+    std::vector<std::string> started;
+    std::vector<std::string> opened;
+    std::string serialBytes;
+    bool serialIsOpen = false;
+    double clock = 0;
+    double yieldAdvance = 0.001;  // seconds that pass on each yield
+    bool rightButtonDown = false;
+    int yields = 0;
+    bool busy = false;
+    std::string dataFolder = ORTELIX_DATA_DIR;
+    std::string temp = "/tmp/ortelix-test-temp";
+
+    std::optional<std::string> readSetting(const std::string& section, const std::string& key) override;
+    void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
+    bool hasSettings() override { return !settings.empty(); }
+    void syncSettings() override {}
+    FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
+                          const std::string& folder, const std::string& defaultName) override;
+    Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultText) override;
+    std::vector<bool> chooseDates(const std::vector<std::string>& dates) override;
+    void setBusy(bool b) override { busy = b; }
+    bool yield() override {
+        ++yields;
+        clock += yieldAdvance;
+        return rightButtonDown;
+    }
+    double now() override { return clock; }
+    std::string clipboardText() override { return clipboard; }
+    void setClipboardText(const std::string& text) override { clipboard = text; }
+    std::optional<Picture> clipboardPicture() override { return std::nullopt; }
+    void sendKeys(const std::string& k) override { keys.push_back(k); }
+    void mousePosition(int& x, int& y) override { x = y = 0; }
+    void mouseClick(int x, int y) override { clicks.emplace_back(x, y); }
+    bool startProgram(const std::string& program, const std::vector<std::string>&, bool) override {
+        started.push_back(program);
+        return true;
+    }
+    bool openWithSystem(const std::string& p) override {
+        opened.push_back(p);
+        return true;
+    }
+    bool serialOpen(const std::string&, const std::string&) override { return serialIsOpen = true; }
+    bool serialWrite(const std::string& bytes) override {
+        serialBytes += bytes;
+        return serialIsOpen;
+    }
+    void serialClose() override { serialIsOpen = false; }
+    std::vector<std::string> serialPorts() override { return {"/dev/pts/fake"}; }
+    bool joystick(int&, int&, int&) override { return false; }
+    std::string programFolder() override { return dataFolder; }
+    std::string tempFolder() override { return temp; }
+};
+
+}  // namespace ortelix
