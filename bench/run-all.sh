@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Runs every benchmark program and comparison script against BUILD_DIR.
+set -euo pipefail
+build=${1:-build-bench}
+here=$(cd "$(dirname "$0")" && pwd)
+for b in "$build"/bench_*; do
+  [ -x "$b" ] || continue
+  echo "== $(basename "$b")"; "$b"
+done
+for s in "$here"/*-vs-*.sh; do
+  [ -x "$s" ] || continue
+  echo "== $(basename "$s")"; "$s" "$build"
+done
