@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/CoordinateState.h"
 #include "core/ModulArray.h"
 #include "core/Options.h"
 #include "core/ReadFilterState.h"
@@ -25,6 +26,7 @@ public:
     TrackFilterState trackFilter;
     TrackStatState trackStats;
     DateChoice dates;
+    CoordinateState coords;  // datum table, geoid grid, area regions
 
     bool UserAbort = false;
 
