@@ -1,0 +1,138 @@
+#include "appformats/ModOziTrack.h"
+
+#include <algorithm>
+
+#include "appformats/ModOziNumbers.h"
+#include "coordinates/Datum.h"
+#include "core/FileIO.h"
+#include "core/ModulShared.h"
+#include "core/ReadFilter.h"
+#include "core/Session.h"
+#include "platform/Platform.h"
+
+namespace ortelix {
+
+namespace {
+
+constexpr size_t kSlice = 1 << 16;
+
+// The file in slices, so that a large track never sits twice in memory.
+template <typename Emit>
+void Produce(const Track& t, std::string_view name, Emit emit) {
+    std::string out;
+    out.reserve(kSlice + 256);
+    out += "OziExplorer Track Point File Version 2.1\r\n"
+           "WGS 84\r\n"
+           "Altitude is in Feet\r\n"
+           "Reserved 3\r\n"
+           "0,2,16711935,";
+    AppendCp1252(out, name);
+    out += ",1,1,0,8421376\r\n";
+    AppendInt(out, static_cast<long long>(t.Points.size()));
+    out += "\r\n";
+    for (const TrackPoint& p : t.Points) {
+        out += ' ';
+        AppendKoordinate(out, p.Lat);
+        out += ", ";
+        AppendKoordinate(out, p.Lon);
+        out += ", 0, ";
+        AppendHoeheFuss(out, p.Alt);
+        out += ", ";
+        AppendTageswert(out, p.Date_, p.Time_);
+        out += ", ";
+        AppendDateText(out, p.Date_);
+        out += ", ";
+        AppendTimeText(out, p.Time_);
+        out += "\r\n";
+        if (out.size() >= kSlice) {
+            emit(out);
+            out.clear();
+        }
+    }
+    emit(out);
+}
+
+void NothingToWrite(Session& s) {
+    s.platform.messageBox("Kein Datensatz vorhanden!", "Datensatz wählen", Buttons::Ok, Icon::Information);
+}
+
+}  // namespace
+
+std::string OziTrackText(const Track& t, std::string_view name) {
+    std::string all;
+    Produce(t, name, [&](const std::string& part) { all += part; });
+    return all;
+}
+
+void OziTrackSchreiben(Session& s, const std::string& file, int trackIndex) {
+    if (file.empty() || trackIndex < 1 || static_cast<size_t>(trackIndex) > s.store.Tracks.size()) return;
+    s.platform.setBusy(true);
+    SafeWriter w(file);
+    Produce(s.store.Tracks[static_cast<size_t>(trackIndex) - 1], SplitPath(file, 1),
+            [&](const std::string& part) { w.write(part); });
+    w.commit();
+    s.platform.setBusy(false);
+    s.store.StatusText.set("Fertig");
+}
+
+void OziTrackDateienSchreiben(Session& s, const std::string& file) {
+    if (file.empty()) return;
+    const size_t n = s.store.Tracks.size();
+    if (n == 0) {
+        NothingToWrite(s);
+        return;
+    }
+    if (n == 1) {
+        OziTrackSchreiben(s, file, 1);
+        return;
+    }
+    for (size_t i = 1; i <= n; ++i) OziTrackSchreiben(s, OziNumberedFile(file, i, ".plt"), static_cast<int>(i));
+}
+
+void OziTrackLesenText(Session& s, std::string_view bytes, std::string_view name) {
+    OziLines lines(bytes);
+    // Line 5 holds OziExplorer's own track settings and name, which are not
+    // taken: the track is named after the file, as with every file reader.
+    lines.skip(5);
+    std::string_view line;
+    int64_t expected = 0;
+    if (lines.next(line)) expected = static_cast<int64_t>(LeadingNumber(line));
+    if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
+    if (expected > 0) {
+        s.store.StatusText.set("Lese Datensätze: ", expected);
+        // The count is a hint only; a file cannot hold more points than lines.
+        const size_t hint = static_cast<size_t>(std::min<int64_t>(expected, static_cast<int64_t>(bytes.size() / 16 + 1)));
+        std::vector<TrackPoint>& points = s.store.Tracks.back().Points;
+        points.reserve(points.size() + hint);
+    }
+    int64_t count = 0;
+    while (!s.UserAbort && lines.next(line)) {
+        if (IsBlankLine(line)) continue;
+        const OziFields<7> f(line);
+        TrackPointIn p;
+        p.lat = ParseCoordinate(f[1]);
+        p.lon = ParseCoordinate(f[2]);
+        // An empty altitude field means a short line: nothing optional follows it.
+        if (!Trim(f[4]).empty()) {
+            p.alt = ParseHoeheFuss(f[4]);
+            const OziMoment m = ParseTageswert(f[5]);
+            p.date = m.date;
+            p.time = m.time;
+        }
+        DatumNachWGS84(s, p.lon, p.lat, p.lon, p.lat, false);
+        AddTrackPoint(s, p);
+        s.store.StatusText.set("Lese Datensätze: ", ++count);
+        s.progress();
+    }
+}
+
+void OziTrackLesen(Session& s, const std::string& file) {
+    if (file.empty()) return;
+    s.platform.setBusy(true);
+    const std::string bytes = ReadWholeFile(s, file);
+    OziTrackLesenText(s, bytes, SplitPath(file, 1));
+    s.platform.setBusy(false);
+    s.store.StatusText.set("Fertig");
+}
+
+}  // namespace ortelix
