@@ -24,6 +24,7 @@ struct Datum {
 struct GeoidTable {
     std::vector<uint8_t> bytes;
     bool loaded = false;
+    bool searched = false;  // looked for the file once; no disk look-up per point
 };
 
 // A polygon region on the 1/10000-degree grid, kept as the system's regions
