@@ -9,6 +9,10 @@ const std::vector<CliCommand>& CliCommands() {
          "liest alle Eingaben in einen Speicher und schreibt ihn in die Ausgabe", ConvertCommand},
         {"info", "ortelix info [--set NAME=WERT]... DATEI...", "zeigt, was die Dateien enthalten", InfoCommand},
         {"formats", "ortelix formats", "listet die Formate mit Lesen/Schreiben und Endungen", FormatsCommand},
+        {"settings", "ortelix settings [--set NAME=WERT]... | ortelix settings reset",
+         "zeigt alle Einstellungen mit Namen und Wert; reset speichert die Grundeinstellung", SettingsCommand},
+        {"coord", "ortelix coord UMRECHNUNG [WERTE...] [--meridian M] [--system N] [--datum NAME]",
+         "rechnet Koordinaten um (Gauß-Krüger, UTM, Datum, Entfernung, Geoid)", CoordCommand},
     };
     return table;
 }

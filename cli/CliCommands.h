@@ -18,5 +18,7 @@ int HelpCommand(const std::vector<std::string>& args);
 int ConvertCommand(const std::vector<std::string>& args);
 int InfoCommand(const std::vector<std::string>& args);
 int FormatsCommand(const std::vector<std::string>& args);
+int CoordCommand(const std::vector<std::string>& args);
+int SettingsCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix
