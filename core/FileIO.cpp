@@ -1,7 +1,10 @@
 #include "core/FileIO.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -49,6 +52,40 @@ std::string ReadWholeFile(Session& s, const std::string& path) {
     std::string data = ReadFileBytes(path);
     s.store.StatusText.set("Fertig");
     return data;
+}
+
+MappedFile::MappedFile(const std::string& path) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) throw FileError(ErrorText(errno));
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
+        const int err = S_ISDIR(st.st_mode) ? EISDIR : errno;
+        ::close(fd);
+        throw FileError(ErrorText(err));
+    }
+    size_ = static_cast<size_t>(st.st_size);
+    if (size_ > 0) {
+        void* p = ::mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, fd, 0);
+        if (p == MAP_FAILED) {
+            const int err = errno;
+            ::close(fd);
+            throw FileError(ErrorText(err));
+        }
+        data_ = static_cast<const char*>(p);
+        ::madvise(p, size_, MADV_SEQUENTIAL);
+    }
+    ::close(fd);
+}
+
+MappedFile::~MappedFile() {
+    if (data_) ::munmap(const_cast<char*>(data_), size_);
+}
+
+void MappedFile::release(size_t upTo) const {
+    if (!data_) return;
+    const size_t page = 4096;
+    const size_t len = std::min(upTo, size_) / page * page;
+    if (len > 0) ::madvise(const_cast<char*>(data_), len, MADV_DONTNEED);
 }
 
 SafeWriter::SafeWriter(std::string target) : target_(std::move(target)) {

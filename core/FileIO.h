@@ -24,6 +24,24 @@ std::string ReadWholeFile(Session& s, const std::string& path);
 // The same without a session, for tools and tests.
 std::string ReadFileBytes(const std::string& path);
 
+// A file mapped read-only into memory. Large readers walk it several times;
+// release() hands the pages behind the walk back to the page cache, so the
+// program's own memory stays at the size of what it has read into the store.
+class MappedFile {
+public:
+    explicit MappedFile(const std::string& path);  // throws FileError
+    ~MappedFile();
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    std::string_view view() const { return {data_, size_}; }
+    void release(size_t upTo) const;
+
+private:
+    const char* data_ = nullptr;
+    size_t size_ = 0;
+};
+
 // Writes into a sibling temporary file; commit() puts it in place of the
 // target, and the destructor of an uncommitted writer removes the temporary.
 class SafeWriter {

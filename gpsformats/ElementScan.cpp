@@ -1,5 +1,6 @@
 #include "gpsformats/ElementScan.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "core/Charset.h"
@@ -14,92 +15,218 @@ std::string LowerAscii(std::string_view text) {
 }
 
 namespace {
-size_t Find(std::string_view hay, std::string_view needle, size_t from, size_t to) {
-    if (from >= to || to - from < needle.size()) return std::string_view::npos;
-    const void* p = ::memmem(hay.data() + from, to - from, needle.data(), needle.size());
-    return p ? static_cast<size_t>(static_cast<const char*>(p) - hay.data()) : std::string_view::npos;
+inline char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }
+
+inline bool Delimiter(char c) { return c == ' ' || c == '>' || c == '/' || c == '\t' || c == '\r' || c == '\n'; }
+
+// Does text[at..] spell `word` (lower case) without regard to case?
+inline bool SpellsAt(std::string_view text, size_t at, std::string_view word) {
+    if (at + word.size() > text.size()) return false;
+    for (size_t i = 0; i < word.size(); ++i)
+        if (Lower(text[at + i]) != word[i]) return false;
+    return true;
 }
-}  // namespace
 
-Element GetElement(std::string_view lower, std::string_view tag, size_t start, size_t scopeEnd) {
+// The next "<" in [from, to); npos when none.
+inline size_t NextOpen(std::string_view text, size_t from, size_t to) {
+    if (from >= to) return std::string_view::npos;
+    const void* p = std::memchr(text.data() + from, '<', to - from);
+    return p ? static_cast<size_t>(static_cast<const char*>(p) - text.data()) : std::string_view::npos;
+}
+
+// The next "</tag>" in [from, to).
+size_t FindClose(std::string_view text, std::string_view tag, size_t from, size_t to) {
+    for (size_t at = NextOpen(text, from, to); at != std::string_view::npos; at = NextOpen(text, at + 1, to)) {
+        if (at + tag.size() + 3 > to) return std::string_view::npos;
+        if (text[at + 1] == '/' && SpellsAt(text, at + 2, tag) && text[at + 2 + tag.size()] == '>') return at;
+    }
+    return std::string_view::npos;
+}
+
+// Completes an element whose start tag name ends at `behind`.
+Element Complete(std::string_view text, std::string_view tag, size_t behind, size_t scopeEnd) {
     Element e;
-    scopeEnd = std::min(scopeEnd, lower.size());
-    e.next = lower.size();
-    char open[40];
-    char close[42];
-    if (tag.size() > 32) return e;
-    open[0] = '<';
-    std::memcpy(open + 1, tag.data(), tag.size());
-    const std::string_view openTag(open, tag.size() + 1);
-    close[0] = '<';
-    close[1] = '/';
-    std::memcpy(close + 2, tag.data(), tag.size());
-    close[tag.size() + 2] = '>';
-    const std::string_view closeTag(close, tag.size() + 3);
-
-    size_t pos = start;
-    while (true) {
-        const size_t at = Find(lower, openTag, pos, scopeEnd);
-        if (at == std::string_view::npos) return e;
-        const size_t behind = at + openTag.size();
-        if (behind >= scopeEnd) return e;
-        const char c = lower[behind];
-        if (c == ' ' || c == '>' || c == '/' || c == '\t' || c == '\r' || c == '\n') {
-            const size_t close_at = Find(lower, closeTag, behind, scopeEnd);
-            const size_t gt = Find(lower, ">", behind, scopeEnd);
-            if (gt != std::string_view::npos && gt > behind && lower[gt - 1] == '/' &&
-                (close_at == std::string_view::npos || gt < close_at)) {
-                // <tag .../> : an element with attributes and no content
-                e.begin = behind;
-                e.end = gt + 1;
-                e.next = gt + 1;
-                e.found = true;
-                return e;
-            }
-            if (close_at == std::string_view::npos) return e;
+    e.next = text.size();
+    const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+    if (gtp) {
+        const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+        if (gt > behind && text[gt - 1] == '/') {  // <tag .../>
             e.begin = behind;
-            e.end = close_at;
-            e.next = close_at + closeTag.size();
+            e.end = gt + 1;
+            e.next = gt + 1;
             e.found = true;
             return e;
         }
-        pos = at + 1;
     }
+    const size_t close = FindClose(text, tag, behind, scopeEnd);
+    if (close == std::string_view::npos) return e;
+    e.begin = behind;
+    e.end = close;
+    e.next = close + tag.size() + 3;
+    e.found = true;
+    return e;
+}
+}  // namespace
+
+Element GetElement(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd) {
+    scopeEnd = std::min(scopeEnd, text.size());
+    for (size_t at = NextOpen(text, start, scopeEnd); at != std::string_view::npos; at = NextOpen(text, at + 1, scopeEnd)) {
+        const size_t behind = at + 1 + tag.size();
+        if (behind >= scopeEnd) break;
+        if (SpellsAt(text, at + 1, tag) && Delimiter(text[behind])) return Complete(text, tag, behind, scopeEnd);
+    }
+    Element none;
+    none.next = text.size();
+    return none;
+}
+
+void ChildTexts(std::string_view text, const Element& e, const std::string_view* names, std::string_view* values,
+                size_t count) {
+    for (size_t i = 0; i < count; ++i) values[i] = {};
+    if (!e.found) return;
+    size_t missing = count;
+    size_t pos = e.begin;
+    while (missing > 0) {
+        const size_t at = NextOpen(text, pos, e.end);
+        if (at == std::string_view::npos) return;
+        pos = at + 1;
+        size_t nameEnd = at + 1;
+        while (nameEnd < e.end && !Delimiter(text[nameEnd]) && text[nameEnd] != '<') ++nameEnd;
+        if (nameEnd >= e.end) return;
+        const size_t len = nameEnd - at - 1;
+        for (size_t i = 0; i < count; ++i) {
+            if (values[i].data() || names[i].size() != len || !SpellsAt(text, at + 1, names[i])) continue;
+            const Element c = Complete(text, names[i], nameEnd, e.end);
+            if (c.found) {
+                const std::string_view inner = InnerText(text, c);
+                values[i] = inner.data() ? inner : text.substr(c.end, 0);
+                --missing;
+            }
+            break;
+        }
+    }
+}
+
+Element GetElementIndexed(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
+                          const std::vector<size_t>& closings) {
+    scopeEnd = std::min(scopeEnd, text.size());
+    Element e;
+    e.next = text.size();
+    for (size_t at = NextOpen(text, start, scopeEnd); at != std::string_view::npos; at = NextOpen(text, at + 1, scopeEnd)) {
+        const size_t behind = at + 1 + tag.size();
+        if (behind >= scopeEnd) break;
+        if (!SpellsAt(text, at + 1, tag) || !Delimiter(text[behind])) continue;
+        const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+        const auto cut = std::lower_bound(closings.begin(), closings.end(), behind);
+        const size_t close = cut == closings.end() ? std::string_view::npos : *cut;
+        if (gtp) {
+            const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+            if (gt > behind && text[gt - 1] == '/' && (close == std::string_view::npos || gt < close)) {
+                e.begin = behind;
+                e.end = e.next = gt + 1;
+                e.found = true;
+                return e;
+            }
+        }
+        if (close == std::string_view::npos || close + tag.size() + 3 > scopeEnd) return e;
+        e.begin = behind;
+        e.end = close;
+        e.next = close + tag.size() + 3;
+        e.found = true;
+        return e;
+    }
+    return e;
+}
+
+Element GetElementWithChildren(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
+                               const std::string_view* names, std::string_view* values, size_t count) {
+    for (size_t i = 0; i < count; ++i) values[i] = {};
+    scopeEnd = std::min(scopeEnd, text.size());
+    Element e;
+    e.next = text.size();
+    size_t at = NextOpen(text, start, scopeEnd);
+    for (; at != std::string_view::npos; at = NextOpen(text, at + 1, scopeEnd)) {
+        const size_t behind = at + 1 + tag.size();
+        if (behind >= scopeEnd) return e;
+        if (SpellsAt(text, at + 1, tag) && Delimiter(text[behind])) break;
+    }
+    if (at == std::string_view::npos) return e;
+    const size_t behind = at + 1 + tag.size();
+    const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+    if (!gtp) return e;
+    const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+    if (gt > behind && text[gt - 1] == '/') {  // <tag .../> has no children
+        e.begin = behind;
+        e.end = e.next = gt + 1;
+        e.found = true;
+        return e;
+    }
+    // One walk to the closing tag, noting the first complete child of each name.
+    size_t childEnd[16];
+    for (size_t p = NextOpen(text, gt, scopeEnd); p != std::string_view::npos; p = NextOpen(text, p + 1, scopeEnd)) {
+        if (p + 1 < scopeEnd && text[p + 1] == '/') {
+            if (p + tag.size() + 3 <= scopeEnd && SpellsAt(text, p + 2, tag) && text[p + 2 + tag.size()] == '>') {
+                e.begin = behind;
+                e.end = p;
+                e.next = p + tag.size() + 3;
+                e.found = true;
+                // A child counts only if it closed inside the element.
+                for (size_t i = 0; i < count && i < 16; ++i)
+                    if (values[i].data() && childEnd[i] > p) values[i] = {};
+                return e;
+            }
+            continue;
+        }
+        size_t nameEnd = p + 1;
+        while (nameEnd < scopeEnd && !Delimiter(text[nameEnd]) && text[nameEnd] != '<') ++nameEnd;
+        if (nameEnd >= scopeEnd) break;
+        const size_t len = nameEnd - p - 1;
+        for (size_t i = 0; i < count && i < 16; ++i) {
+            if (values[i].data() || names[i].size() != len || !SpellsAt(text, p + 1, names[i])) continue;
+            const Element c = Complete(text, names[i], nameEnd, scopeEnd);
+            if (c.found) {
+                const std::string_view inner = InnerText(text, c);
+                values[i] = inner.data() ? inner : text.substr(c.end, 0);
+                childEnd[i] = c.end;
+            }
+            break;
+        }
+    }
+    for (size_t i = 0; i < count; ++i) values[i] = {};
+    return e;
 }
 
 std::string_view InnerText(std::string_view text, const Element& e) {
     if (!e.found) return {};
-    const size_t gt = text.find('>', e.begin);
-    if (gt == std::string_view::npos || gt >= e.end) return {};
+    const void* gtp = std::memchr(text.data() + e.begin, '>', e.end - e.begin);
+    if (!gtp) return {};
+    const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
     return text.substr(gt + 1, e.end - gt - 1);
 }
 
 std::string_view StartTag(std::string_view text, const Element& e) {
     if (!e.found) return {};
-    size_t gt = text.find('>', e.begin);
-    if (gt == std::string_view::npos || gt > e.end) gt = e.end;
+    const void* gtp = std::memchr(text.data() + e.begin, '>', e.end - e.begin);
+    const size_t gt = gtp ? static_cast<size_t>(static_cast<const char*>(gtp) - text.data()) : e.end;
     return text.substr(e.begin, gt - e.begin);
 }
 
-std::string_view AttributeValue(std::string_view lowerTag, std::string_view tag, std::string_view name, bool& found) {
+std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found) {
     found = false;
-    size_t at = 0;
-    while ((at = lowerTag.find(name, at)) != std::string_view::npos) {
-        const bool startsWord = at == 0 || lowerTag[at - 1] == ' ' || lowerTag[at - 1] == '\t' ||
-                                lowerTag[at - 1] == '\r' || lowerTag[at - 1] == '\n';
+    for (size_t at = 0; at + name.size() <= tag.size(); ++at) {
+        if (!SpellsAt(tag, at, name)) continue;
+        const bool startsWord = at == 0 || tag[at - 1] == ' ' || tag[at - 1] == '\t' || tag[at - 1] == '\r' ||
+                                tag[at - 1] == '\n';
         size_t p = at + name.size();
-        while (p < lowerTag.size() && lowerTag[p] == ' ') ++p;
-        if (startsWord && p < lowerTag.size() && lowerTag[p] == '=') {
-            ++p;
-            while (p < lowerTag.size() && lowerTag[p] == ' ') ++p;
-            if (p >= lowerTag.size() || (lowerTag[p] != '"' && lowerTag[p] != '\'')) return {};
-            const char q = lowerTag[p];
-            const size_t endq = lowerTag.find(q, p + 1);
-            if (endq == std::string_view::npos) return {};
-            found = true;
-            return tag.substr(p + 1, endq - p - 1);
-        }
-        at += name.size();
+        while (p < tag.size() && tag[p] == ' ') ++p;
+        if (!startsWord || p >= tag.size() || tag[p] != '=') continue;
+        ++p;
+        while (p < tag.size() && tag[p] == ' ') ++p;
+        if (p >= tag.size() || (tag[p] != '"' && tag[p] != '\'')) return {};
+        const size_t endq = tag.find(tag[p], p + 1);
+        if (endq == std::string_view::npos) return {};
+        found = true;
+        return tag.substr(p + 1, endq - p - 1);
     }
     return {};
 }

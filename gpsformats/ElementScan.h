@@ -1,9 +1,10 @@
 #pragma once
-// The element scan of the XML-like formats: no parser, one walk over the
-// lower-cased text. Positions index the lower-cased and the original text
-// alike, since lower-casing keeps every byte in place.
+// The element scan of the XML-like formats: no parser, one forward walk over
+// the text. Tag names match without regard to case, so the text is never
+// copied to lower case.
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ortelix {
 
@@ -12,23 +13,40 @@ struct Element {
     size_t end = 0;    // at "</tag>"
     size_t next = 0;   // behind the closing tag; the text's length when none was found
     bool found = false;
-    size_t contentBegin() const { return begin; }
 };
 
-// ASCII lower case of the whole text, byte for byte.
+// ASCII lower case of a text, byte for byte.
 std::string LowerAscii(std::string_view text);
 
-// The next element `tag` (lower case) in lower[start, scopeEnd): the opening
-// tag is "<tag" followed by " ", ">" or "/"; the closing tag is "</tag>".
-// A start tag that closes itself ("<wpt .../>") is an element without content.
-Element GetElement(std::string_view lower, std::string_view tag, size_t start, size_t scopeEnd);
+// The next element `tag` (given in lower case) in text[start, scopeEnd): the
+// opening tag is "<tag" followed by a blank, ">" or "/"; the closing tag is
+// "</tag>". A start tag that closes itself ("<wpt .../>") is an element
+// without content.
+Element GetElement(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd);
+
+// The first child element of each name inside `e`, found in one walk.
+// names are lower case; values[i] receives the inner text of the first
+// complete child of names[i] (empty when there is none).
+void ChildTexts(std::string_view text, const Element& e, const std::string_view* names, std::string_view* values,
+                size_t count);
+
+// An element and its first children of the given names in one walk: the
+// same result as GetElement followed by a GetElement per child, for the
+// point elements that make up nearly all of a large file.
+Element GetElementWithChildren(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
+                               const std::string_view* names, std::string_view* values, size_t count);
+
+// Element bounds from a list of known closing-tag positions (ascending),
+// for outer elements whose closing tag lies far away.
+Element GetElementIndexed(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
+                          const std::vector<size_t>& closings);
 
 // The inner text of an element (behind the ">" of its start tag).
 std::string_view InnerText(std::string_view text, const Element& e);
 // The start tag's attribute text, between "<tag" and ">".
 std::string_view StartTag(std::string_view text, const Element& e);
-// The value of an attribute in a start tag; found=false when missing.
-std::string_view AttributeValue(std::string_view lowerTag, std::string_view tag, std::string_view name, bool& found);
+// The value of an attribute (name in lower case) in a start tag's text.
+std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found);
 
 // Replaces the five XML entities and numeric character references.
 std::string DecodeEntities(std::string_view text);

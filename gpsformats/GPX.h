@@ -18,7 +18,7 @@ void WriteGPXFile(Session& s, const std::string& path);
 std::string GPXFileText(const Session& s);
 
 // mode 1 only notes the dates of the points; mode 2 adds the points.
-void ReadGPXTracks(Session& s, std::string_view text, std::string_view lower, int mode);
-void ReadShortTracks(Session& s, std::string_view text, std::string_view lower, int mode);
+void ReadGPXTracks(Session& s, std::string_view text, int mode);
+void ReadShortTracks(Session& s, std::string_view text, int mode);
 
 }  // namespace ortelix

@@ -1,4 +1,6 @@
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "core/Charset.h"
 #include "core/FileIO.h"
@@ -12,27 +14,46 @@ namespace ortelix {
 
 namespace {
 
-// Both texts of the file: the original for values, the lower-cased for the scan.
+// The file's text and, when it is mapped, the mapping whose pages a pass may
+// hand back behind itself.
+// Closing-tag positions of the outer elements, found by the survey, so that
+// an outer element's end costs no walk over all of its points.
+struct Closings {
+    std::vector<size_t> trk, trkseg, track, rte, route;
+};
+
 struct Doc {
     std::string_view text;
-    std::string_view lower;
+    const MappedFile* map = nullptr;
+    Closings closings;
 
-    Element find(std::string_view tag, size_t from, size_t to) const { return GetElement(lower, tag, from, to); }
-    // The text of the first child element `tag` inside `e`, CDATA stripped.
+    Element outer(std::string_view tag, const std::vector<size_t>& at, size_t from, size_t to) const {
+        return GetElementIndexed(text, tag, from, to, at);
+    }
+    template <size_t N>
+    Element point(std::string_view tag, size_t from, size_t to, const std::string_view (&names)[N],
+                  std::string_view (&values)[N]) const {
+        const Element e = GetElementWithChildren(text, tag, from, to, names, values, N);
+        for (auto& v : values) v = Trim(StripCdata(v));
+        return e;
+    }
+
+    Element find(std::string_view tag, size_t from, size_t to) const { return GetElement(text, tag, from, to); }
     std::string_view child(const Element& e, std::string_view tag) const {
-        const Element c = find(tag, e.begin, e.end);
-        return Trim(StripCdata(InnerText(text, c)));
+        return Trim(StripCdata(InnerText(text, find(tag, e.begin, e.end))));
     }
     std::string childText(const Element& e, std::string_view tag) const { return DecodeEntities(child(e, tag)); }
+    void passed(size_t pos) const {
+        if (map && (pos & ((1u << 24) - 1)) < 512) map->release(pos);  // about every 16 MB
+    }
 };
 
 // lat and lon of a point's start tag; false when one of them is missing or empty.
 bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
     const std::string_view tag = StartTag(d.text, e);
-    const std::string_view lowerTag = d.lower.substr(e.begin, tag.size());
     bool hasLat = false, hasLon = false;
-    const std::string_view latText = AttributeValue(lowerTag, tag, "lat", hasLat);
-    const std::string_view lonText = AttributeValue(lowerTag, tag, "lon", hasLon);
+    const std::string_view latText = AttributeValue(tag, "lat", hasLat);
+    const std::string_view lonText = AttributeValue(tag, "lon", hasLon);
     if (!hasLat || !hasLon || Trim(latText).empty() || Trim(lonText).empty()) return false;
     lat = LeadingNumber(latText);
     lon = LeadingNumber(lonText);
@@ -43,11 +64,72 @@ bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
 Charset DeclaredCharset(std::string_view bytes) {
     const std::string_view head = bytes.substr(0, std::min<size_t>(bytes.size(), 200));
     if (head.substr(0, 5) != "<?xml" && head.substr(0, 8) != "\xEF\xBB\xBF<?xml") return Charset::Utf8;
-    const size_t end = head.find("?>");
-    const std::string lower = LowerAscii(head.substr(0, end));
     bool found = false;
-    const std::string_view name = AttributeValue(lower, head, "encoding", found);
+    const std::string_view name = AttributeValue(head.substr(0, head.find("?>")), "encoding", found);
     return found ? CharsetFromName(name) : Charset::Utf8;
+}
+
+bool AllAscii(std::string_view t) {
+    unsigned char any = 0;
+    for (char c : t) any |= static_cast<unsigned char>(c);
+    return any < 0x80;
+}
+
+// Which outer elements the file has at all, found in one walk, so that the
+// passes for the others cost nothing.
+struct Present {
+    bool trk = false, track = false, rte = false, route = false, wpt = false, wp = false;
+};
+// Does the tag name in t[from, to) equal `word` (lower case), without regard to case?
+bool NameIs(std::string_view t, size_t from, size_t to, std::string_view word) {
+    if (to - from != word.size()) return false;
+    for (size_t i = 0; i < word.size(); ++i) {
+        char c = t[from + i];
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+        if (c != word[i]) return false;
+    }
+    return true;
+}
+
+Present Survey(Doc& d) {
+    Present p;
+    Closings& c = d.closings;
+    const std::string_view t = d.text;
+    size_t pos = 0;
+    while (pos < t.size()) {
+        const void* at = std::memchr(t.data() + pos, '<', t.size() - pos);
+        if (!at) break;
+        const size_t open = static_cast<size_t>(static_cast<const char*>(at) - t.data());
+        pos = open + 1;
+        const bool closing = pos < t.size() && t[pos] == '/';
+        const size_t from = closing ? pos + 1 : pos;
+        size_t end = from;
+        while (end < t.size() && end - from < 7 && t[end] != ' ' && t[end] != '>' && t[end] != '/' && t[end] != '\t' &&
+               t[end] != '\r' && t[end] != '\n')
+            ++end;
+        const size_t len = end - from;
+        if (len < 2 || len > 6) continue;
+        if (closing) {
+            if (end >= t.size() || t[end] != '>') continue;
+            if (NameIs(t, from, end, "trkpt")) continue;  // the common case first
+            if (NameIs(t, from, end, "trkseg")) c.trkseg.push_back(open);
+            else if (NameIs(t, from, end, "trk")) c.trk.push_back(open);
+            else if (NameIs(t, from, end, "track")) c.track.push_back(open);
+            else if (NameIs(t, from, end, "rte")) c.rte.push_back(open);
+            else if (NameIs(t, from, end, "route")) c.route.push_back(open);
+        } else if (len == 3) {
+            if (NameIs(t, from, end, "trk")) p.trk = true;
+            else if (NameIs(t, from, end, "rte")) p.rte = true;
+            else if (NameIs(t, from, end, "wpt")) p.wpt = true;
+        } else if (len == 5) {
+            if (NameIs(t, from, end, "track")) p.track = true;
+            else if (NameIs(t, from, end, "route")) p.route = true;
+        } else if (len == 2 && NameIs(t, from, end, "wp")) {
+            p.wp = true;
+        }
+        d.passed(pos);
+    }
+    return p;
 }
 
 OptDouble SpeedFromMetresPerSecond(std::string_view text) {
@@ -56,207 +138,247 @@ OptDouble SpeedFromMetresPerSecond(std::string_view text) {
     return *ms * 3600.0 / 1000.0;
 }
 
+constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time", "sat", "fix"};
+
 void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode) {
     const std::string name = d.childText(trk, "name");
     size_t segPos = trk.begin;
     while (!s.UserAbort) {
-        const Element seg = d.find("trkseg", segPos, trk.end);
+        const Element seg = d.outer("trkseg", d.closings.trkseg, segPos, trk.end);
         if (!seg.found) break;
         segPos = seg.next;
         if (InnerText(d.text, seg).empty()) continue;
         if (mode == 2 && (s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, name);
         size_t ptPos = seg.begin;
         while (!s.UserAbort) {
-            const Element pt = d.find("trkpt", ptPos, seg.end);
+            std::string_view c[6];
+            const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildren, c);
             if (!pt.found) break;
             ptPos = pt.next;
             s.progress();
-            const std::string_view timeText = d.child(pt, "time");
-            const Date date = ParseDate(timeText);
+            d.passed(ptPos);
             if (mode == 1) {
-                NoteDate(s, date);
+                NoteDate(s, ParseDate(c[3]));
                 continue;
             }
             TrackPointIn p;
             if (!Position(d, pt, p.lon, p.lat)) continue;
-            p.speed = SpeedFromMetresPerSecond(d.child(pt, "speed"));
-            p.alt = ParseAltitude(d.child(pt, "ele"));
-            p.course = ParseCourse(d.child(pt, "course"));
-            p.date = date;
-            p.time = date.empty() ? Time() : ParseTime(timeText);
-            p.sat = d.child(pt, "sat");
-            p.fix = d.child(pt, "fix");
+            p.alt = ParseAltitude(c[0]);
+            p.speed = SpeedFromMetresPerSecond(c[1]);
+            p.course = ParseCourse(c[2]);
+            p.date = ParseDate(c[3]);
+            p.time = p.date.empty() ? Time() : ParseTime(c[3]);
+            p.sat = c[4];
+            p.fix = c[5];
             AddTrackPoint(s, p);
         }
     }
 }
 
+constexpr std::string_view kTrpChildren[] = {"lon", "lat", "speed", "alt", "course", "sat", "fix", "date", "time"};
+
 void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk, int mode) {
     if (mode == 2 && (s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, d.childText(trk, "name"));
     size_t ptPos = trk.begin;
     while (!s.UserAbort) {
-        const Element pt = d.find("trp", ptPos, trk.end);
+        std::string_view c[9];
+        const Element pt = d.point("trp", ptPos, trk.end, kTrpChildren, c);
         if (!pt.found) break;
         ptPos = pt.next;
         s.progress();
-        const Date date = ParseDate(d.child(pt, "date"));
+        d.passed(ptPos);
         if (mode == 1) {
-            NoteDate(s, date);
+            NoteDate(s, ParseDate(c[7]));
             continue;
         }
         TrackPointIn p;
-        p.lon = ParseCoordinate(d.child(pt, "lon"));
-        p.lat = ParseCoordinate(d.child(pt, "lat"));
-        p.speed = ParseSpeed(d.child(pt, "speed"));
-        p.alt = ParseAltitude(d.child(pt, "alt"));
-        p.course = ParseCourse(d.child(pt, "course"));
-        p.date = date;
-        p.time = ParseTime(d.child(pt, "time"));
-        p.sat = d.child(pt, "sat");
-        p.fix = d.child(pt, "fix");
+        p.lon = ParseCoordinate(c[0]);
+        p.lat = ParseCoordinate(c[1]);
+        p.speed = ParseSpeed(c[2]);
+        p.alt = ParseAltitude(c[3]);
+        p.course = ParseCourse(c[4]);
+        p.sat = c[5];
+        p.fix = c[6];
+        p.date = ParseDate(c[7]);
+        p.time = ParseTime(c[8]);
         AddTrackPoint(s, p);
     }
 }
 
+constexpr std::string_view kGpxPointChildren[] = {"name", "desc", "cmt", "ele", "course", "time"};
+
 // A route point or waypoint of the GPX vocabulary; false when it has no position.
-bool GpxGeoPoint(const Doc& d, const Element& pt, bool normaliseTime, GeoPointIn& g) {
+bool GpxGeoPoint(const Doc& d, const Element& pt, const std::string_view (&c)[6], bool normaliseTime, GeoPointIn& g) {
     if (!Position(d, pt, g.lon, g.lat)) return false;
-    g.name = d.childText(pt, "name");
-    g.desc = d.childText(pt, "desc");
-    g.cmt = d.childText(pt, "cmt");
-    g.alt = ParseAltitude(d.child(pt, "ele"));
-    g.course = ParseCourse(d.child(pt, "course"));
-    const std::string_view timeText = d.child(pt, "time");
+    g.name = DecodeEntities(c[0]);
+    g.desc = DecodeEntities(c[1]);
+    g.cmt = DecodeEntities(c[2]);
+    g.alt = ParseAltitude(c[3]);
+    g.course = ParseCourse(c[4]);
     if (normaliseTime) {
-        const DateAndTime dt = NormaliseDateTime(timeText);
+        const DateAndTime dt = NormaliseDateTime(c[5]);
         g.date = dt.date;
         g.time = dt.date.empty() ? Time() : dt.time;
     } else {
-        g.date = ParseDate(timeText);
-        g.time = g.date.empty() ? Time() : ParseTime(timeText);
+        g.date = ParseDate(c[5]);
+        g.time = g.date.empty() ? Time() : ParseTime(c[5]);
     }
     return true;
 }
 
-GeoPointIn ShortGeoPoint(const Doc& d, const Element& pt) {
+constexpr std::string_view kShortPointChildren[] = {"lon", "lat", "name", "description", "info", "alt", "date", "time"};
+
+GeoPointIn ShortGeoPoint(const std::string_view (&c)[8]) {
     GeoPointIn g;
-    g.lon = ParseCoordinate(d.child(pt, "lon"));
-    g.lat = ParseCoordinate(d.child(pt, "lat"));
-    g.name = d.childText(pt, "name");
-    g.desc = d.childText(pt, "description");
-    g.cmt = d.childText(pt, "info");
-    g.alt = ParseAltitude(d.child(pt, "alt"));
-    g.date = ParseDate(d.child(pt, "date"));
-    g.time = ParseTime(d.child(pt, "time"));
+    g.lon = ParseCoordinate(c[0]);
+    g.lat = ParseCoordinate(c[1]);
+    g.name = DecodeEntities(c[2]);
+    g.desc = DecodeEntities(c[3]);
+    g.cmt = DecodeEntities(c[4]);
+    g.alt = ParseAltitude(c[5]);
+    g.date = ParseDate(c[6]);
+    g.time = ParseTime(c[7]);
     return g;
 }
 
-// Walks every `outer` element and every `point` in it.
-template <typename OnOuter, typename OnPoint>
-void Walk(Session& s, const Doc& d, std::string_view outer, std::string_view point, OnOuter onOuter, OnPoint onPoint) {
+// Walks every `outer` element and every `point` in it, with the point's children.
+template <size_t N, typename OnOuter, typename OnPoint>
+void Walk(Session& s, const Doc& d, std::string_view outer, const std::vector<size_t>& closings,
+          std::string_view point, const std::string_view (&names)[N], OnOuter onOuter, OnPoint onPoint) {
     size_t pos = 0;
     while (!s.UserAbort) {
-        const Element o = d.find(outer, pos, d.lower.size());
+        const Element o = d.outer(outer, closings, pos, d.text.size());
         if (!o.found) break;
         pos = o.next;
         onOuter(o);
         size_t ptPos = o.begin;
         while (!s.UserAbort) {
-            const Element pt = d.find(point, ptPos, o.end);
+            std::string_view c[N];
+            const Element pt = d.point(point, ptPos, o.end, names, c);
             if (!pt.found) break;
             ptPos = pt.next;
             s.progress();
-            onPoint(pt);
+            d.passed(ptPos);
+            onPoint(pt, c);
         }
     }
 }
 
 void ReadGpxRoutes(Session& s, const Doc& d) {
-    s.store.StatusText.set("Suche GPX RoutePoints");
-    Walk(s, d, "rte", "rtept", [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
-         [&](const Element& pt) {
+    Walk(s, d, "rte", d.closings.rte, "rtept", kGpxPointChildren,
+         [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
+         [&](const Element& pt, const std::string_view (&c)[6]) {
              GeoPointIn g;
-             if (GpxGeoPoint(d, pt, false, g)) AddRoutePoint(s.store, g);
+             if (GpxGeoPoint(d, pt, c, false, g)) AddRoutePoint(s.store, g);
          });
-    s.store.StatusText.set("Fertig");
 }
 
 void ReadShortRoutes(Session& s, const Doc& d) {
-    Walk(s, d, "route", "rwp", [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
-         [&](const Element& pt) { AddRoutePoint(s.store, ShortGeoPoint(d, pt)); });
-    s.store.StatusText.set("Fertig");
+    Walk(s, d, "route", d.closings.route, "rwp", kShortPointChildren,
+         [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
+         [&](const Element&, const std::string_view (&c)[8]) { AddRoutePoint(s.store, ShortGeoPoint(c)); });
 }
 
-void ReadPoints(Session& s, const Doc& d, std::string_view tag, bool gpx) {
+template <size_t N>
+void ReadPoints(Session& s, const Doc& d, std::string_view tag, const std::string_view (&names)[N]) {
     size_t pos = 0;
     while (!s.UserAbort) {
-        const Element pt = d.find(tag, pos, d.lower.size());
+        std::string_view c[N];
+        const Element pt = d.point(tag, pos, d.text.size(), names, c);
         if (!pt.found) break;
         pos = pt.next;
         s.progress();
+        d.passed(pos);
         GeoPointIn g;
-        if (gpx) {
-            if (!GpxGeoPoint(d, pt, true, g)) continue;
+        if constexpr (N == 6) {
+            if (!GpxGeoPoint(d, pt, c, true, g)) continue;
         } else {
-            g = ShortGeoPoint(d, pt);
+            g = ShortGeoPoint(c);
         }
         AddWayPoint(s, std::move(g));
     }
 }
 
-}  // namespace
-
-void ReadGPXTracks(Session& s, std::string_view text, std::string_view lower, int mode) {
-    const Doc d{text, lower};
-    s.store.StatusText.set("Suche GPX TrackPoints");
-    size_t pos = 0;
-    while (!s.UserAbort) {
-        const Element trk = d.find("trk", pos, lower.size());
-        if (!trk.found) break;
-        pos = trk.next;
-        ReadGpxTrackElement(s, d, trk, mode);
+void TrackPasses(Session& s, const Doc& d, const Present& p, int mode) {
+    if (p.trk) {
+        s.store.StatusText.set("Suche GPX TrackPoints");
+        size_t pos = 0;
+        while (!s.UserAbort) {
+            const Element trk = d.outer("trk", d.closings.trk, pos, d.text.size());
+            if (!trk.found) break;
+            pos = trk.next;
+            ReadGpxTrackElement(s, d, trk, mode);
+        }
+        s.store.StatusText.set("Fertig");
     }
+    if (p.track) {
+        size_t pos = 0;
+        while (!s.UserAbort) {
+            const Element trk = d.outer("track", d.closings.track, pos, d.text.size());
+            if (!trk.found) break;
+            pos = trk.next;
+            ReadShortTrackElement(s, d, trk, mode);
+        }
+        s.store.StatusText.set("Fertig");
+    }
+}
+
+void ReadDoc(Session& s, Doc d) {
+    if (d.text.empty()) return;
+    const Present p = Survey(d);
+    // A file with points of several days lets the user choose the days.
+    TrackPasses(s, d, p, 1);
+    AskDates(s);
+    TrackPasses(s, d, p, 2);
+    ClearDates(s);
+    s.store.StatusText.set("Suche GPX RoutePoints");
+    if (p.rte) ReadGpxRoutes(s, d);
+    if (p.route) ReadShortRoutes(s, d);
+    s.store.StatusText.set("Fertig");
+    s.store.StatusText.set("Suche GPX WayPoints");
+    if (p.wpt) ReadPoints(s, d, "wpt", kGpxPointChildren);
+    if (p.wp) ReadPoints(s, d, "wp", kShortPointChildren);
     s.store.StatusText.set("Fertig");
 }
 
-void ReadShortTracks(Session& s, std::string_view text, std::string_view lower, int mode) {
-    const Doc d{text, lower};
-    size_t pos = 0;
-    while (!s.UserAbort) {
-        const Element trk = d.find("track", pos, lower.size());
-        if (!trk.found) break;
-        pos = trk.next;
-        ReadShortTrackElement(s, d, trk, mode);
-    }
-    s.store.StatusText.set("Fertig");
+// The text in UTF-8: the bytes themselves when they are UTF-8 or plain ASCII,
+// else a decoded copy held in `decoded`.
+std::string_view AsUtf8(std::string_view bytes, std::string& decoded) {
+    const Charset cs = DeclaredCharset(bytes);
+    if (AllAscii(bytes) || (cs == Charset::Utf8 && IsValidUtf8(bytes))) return bytes;
+    decoded = DecodeToUtf8(bytes, cs);
+    return decoded;
+}
+
+}  // namespace
+
+void ReadGPXTracks(Session& s, std::string_view text, int mode) {
+    Doc d{text};
+    Present p;
+    Survey(d);
+    p.trk = true;
+    TrackPasses(s, d, p, mode);
+}
+
+void ReadShortTracks(Session& s, std::string_view text, int mode) {
+    Doc d{text};
+    Present p;
+    Survey(d);
+    p.track = true;
+    TrackPasses(s, d, p, mode);
 }
 
 void ReadGPXText(Session& s, std::string_view bytes) {
-    if (bytes.empty()) return;
-    const std::string text = DecodeToUtf8(bytes, DeclaredCharset(bytes));
-    const std::string lower = LowerAscii(text);
-    const Doc d{text, lower};
-
-    // A file with points of several days lets the user choose the days.
-    ReadGPXTracks(s, text, lower, 1);
-    ReadShortTracks(s, text, lower, 1);
-    AskDates(s);
-
-    ReadGPXTracks(s, text, lower, 2);
-    ReadShortTracks(s, text, lower, 2);
-    ClearDates(s);
-    ReadGpxRoutes(s, d);
-    ReadShortRoutes(s, d);
-    s.store.StatusText.set("Suche GPX WayPoints");
-    ReadPoints(s, d, "wpt", true);
-    s.store.StatusText.set("Fertig");
-    ReadPoints(s, d, "wp", false);
-    s.store.StatusText.set("Fertig");
+    std::string decoded;
+    ReadDoc(s, Doc{AsUtf8(bytes, decoded)});
 }
 
 void ReadGPXFile(Session& s, const std::string& path) {
-    const std::string bytes = ReadWholeFile(s, path);
-    ReadGPXText(s, bytes);
+    s.store.StatusText.set("Lese Datei");
+    const MappedFile file(path);
+    std::string decoded;
+    const std::string_view text = AsUtf8(file.view(), decoded);
+    ReadDoc(s, Doc{text, text.data() == file.view().data() ? &file : nullptr});
 }
 
 }  // namespace ortelix
