@@ -1,11 +1,11 @@
 // ortelix: the workbench without arguments, a command-line tool with them.
 #include <QApplication>
 #include <QCoreApplication>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "cli/CommandLine.h"
+#include "commands/StartUp.h"
 #include "core/Session.h"
 #include "forms/FormMain.h"
 #include "platform/qt/QtPlatform.h"
@@ -23,8 +23,17 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Ortelix");
     ortelix::QtPlatform platform;
     ortelix::Session session(platform);
-    ortelix::FormMain form(session);
-    platform.setParent(&form);
-    form.show();
-    return QApplication::exec();
+    // Start-up: tables, an empty store, the options, the temporary folder.
+    ortelix::StartUp(session);
+    int code = 0;
+    {
+        ortelix::FormMain form(session);
+        platform.setParent(&form);
+        form.show();
+        code = QApplication::exec();
+        platform.setParent(nullptr);
+    }
+    // Ending: the options are saved once more.
+    ortelix::EndProgram(session);
+    return code;
 }

@@ -4,7 +4,9 @@
 
 #include "commands/CommandTable.h"
 #include "core/Failure.h"
+#include "core/ModulMain.h"
 #include "core/ModulShared.h"
+#include "core/Settings.h"
 
 namespace ortelix {
 
@@ -18,6 +20,8 @@ std::string Lower(std::string s) {
 
 bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
     ctx.session = std::make_unique<Session>(ctx.platform);
+    // The options of the settings file first, so that --set overrides them.
+    RestoreSettings(*ctx.session, MapStitcherFound(*ctx.session));
     std::vector<std::pair<std::string, std::string>> sets;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];

@@ -29,6 +29,9 @@ public:
     CoordinateState coords;  // datum table, geoid grid, area regions
 
     bool UserAbort = false;
+    // The filter entry chosen in the last file dialog of a command (1-based);
+    // readers and writers whose entries mean different variants read it.
+    int DialogFilterIndex = 1;
 
     // Called by readers once per record: gives the event loop time every few
     // milliseconds and reports the right mouse button as an abort.

@@ -1,0 +1,117 @@
+#include "forms/SettingsFrames.h"
+
+#include "coordinates/Datum.h"
+#include "core/Session.h"
+#include "forms/OptionsFrame.h"
+
+namespace ortelix {
+
+namespace {
+const QString kTransparent = "Transparent";
+
+OptionsFrame* Frame(Session& s, QWidget* parent, const char* name, const QString& caption) {
+    auto* f = new OptionsFrame(s, caption, parent);
+    f->setObjectName(name);
+    return f;
+}
+
+QStringList Separators() { return {"Komma", "Semikolon", "Doppelpunkt", "|", "Space", "Raute", "TAB"}; }
+}  // namespace
+
+QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameDatum", "Datumstransformation");
+    QStringList entries;
+    for (const std::string& e : DatumEintraege(s.coords)) entries << QString::fromStdString(e);
+    f->addCheck(1, "Koordinaten von und nach WGS84 transformieren");
+    if (entries.isEmpty()) f->addNote("Die Datumsliste (helmert.dat) ist nicht geladen.");
+    else f->addList(44, "Datum", entries);
+    return f;
+}
+
+QWidget* MakeFrameTop50Karte(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTop50Karte", "Top50 Karte");
+    f->addCheck(0, "Karte automatisch wählen");
+    return f;
+}
+
+QWidget* MakeFrameTop50Track(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTop50Track", "Top50 Track");
+    f->addCheck(2, "Richtungspfeil");
+    f->addCheck(3, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameTop50Route(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTop50Route", "Top50 Route");
+    f->addCheck(4, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameTop50WayPoint(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTop50WayPoint", "Top50 Waypoint");
+    f->addCheck(5, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameTop50Texte(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTop50Texte", "Top50 Texte");
+    f->addText(0, "Bitmap");
+    f->addText(1, "Kreis");
+    f->addText(2, "Rechteck");
+    f->addText(3, "Dreieck");
+    return f;
+}
+
+QWidget* MakeFrameSwissMap(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameSwissMap", "Swiss Map 50");
+    f->addCheck(19, kTransparent);
+    f->addCheck(20, "Text", "Name und Beschreibung erscheinten unter Waypoint");
+    f->addNumber(4, "Linienstärke");
+    for (int i = 0; i < 6; ++i) f->addColour(i, QString("Farbe %1").arg(i + 1));
+    return f;
+}
+
+QWidget* MakeFrameTk25Track(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTk25Track", "TK25 Hessen Track");
+    f->addCheck(17, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameTk25Route(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTk25Route", "TK25 Hessen Route");
+    f->addCheck(16, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameTk25WayPoint(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameTk25WayPoint", "TK25 Hessen Waypoint");
+    f->addCheck(15, kTransparent);
+    return f;
+}
+
+QWidget* MakeFrameGoogle(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameGoogle", "Google Earth");
+    f->addNumber(22, "Transparenz");
+    f->addNumber(23, "Linienstärke");
+    f->addNumber(24, "Höhenverstärkung");
+    for (int i = 23; i <= 26; ++i) f->addCheck(i, "Zoom", "Symbolgröße it Maßstabsabhängig");
+    f->addCheck(27, "Geschwindigkeit als Höhe anzeigen");
+    f->addCheck(28, "Pfad bis zum  Boden verlängern");
+    return f;
+}
+
+QWidget* MakeFrameASCII(Session& s, QWidget* parent) {
+    auto* f = Frame(s, parent, "FrameASCII", "Text Datei");
+    f->addList(1, "Trennzeichen", Separators());
+    QStringList comments = Separators().mid(0, 6);
+    comments.prepend("Keiner");
+    f->addList(0, "Kommentarzeichen", comments);
+    f->addCheck(13, "Text in \" \"");
+    const char* columns[] = {"Nord (Latitude) Breitengrad", "Ost (Longitude) Längengrad", "Beschreibung", "Name",
+                             "Information", "Höhe (m)", "Geschwindigkeit (km/h)", "Richtung", "Datum", "Zeit",
+                             "GK-Hochwert", "GK-Rechtswert", "o2 Mobilfunk", "UTM"};
+    for (int i = 0; i < 14; ++i) f->addListFeld(i, QString::fromUtf8(columns[i]));
+    return f;
+}
+
+}  // namespace ortelix

@@ -1,0 +1,23 @@
+#include "forms/ToolForms.h"
+
+#include <cstring>
+
+namespace ortelix {
+
+const std::vector<ToolForm>& ToolForms() {
+    static const std::vector<ToolForm> forms = {
+        {"MenToolsMapExp", nullptr},
+        {"MenToolsNMEASim", nullptr},
+        {"MenToolsTTBitmap", nullptr},
+        {"MenEinEditor", nullptr},
+    };
+    return forms;
+}
+
+ToolFormFactory ToolFormOf(const char* control) {
+    for (const ToolForm& f : ToolForms())
+        if (std::strcmp(f.control, control) == 0) return f.make;
+    return nullptr;
+}
+
+}  // namespace ortelix
