@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "cli/DatesFlag.h"
 #include "commands/CommandTable.h"
 #include "core/Failure.h"
 #include "core/ModulMain.h"
@@ -46,6 +47,9 @@ bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
                 return false;
             }
             sets.emplace_back(kv.substr(0, eq), kv.substr(eq + 1));
+        } else if (a == "--dates") {
+            std::string d;
+            if (!value(d) || !ApplyDatesFlag(ctx.platform, d, ctx.error)) return false;
         } else if (a.size() > 1 && a[0] == '-' && a != "-") {
             ctx.error = "Unbekannter Schalter: " + a;
             return false;

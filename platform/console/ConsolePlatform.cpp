@@ -46,6 +46,12 @@ std::optional<std::string> ConsolePlatform::inputBox(const std::string&, const s
 }
 
 std::vector<bool> ConsolePlatform::chooseDates(const std::vector<std::string>& dates) {
+    if (!dateTexts.empty()) {
+        std::vector<bool> a(dates.size(), false);
+        for (size_t i = 0; i < dates.size(); ++i)
+            for (const std::string& t : dateTexts) a[i] = a[i] || t == dates[i];
+        return a;
+    }
     if (dateAnswer.empty()) return std::vector<bool>(dates.size(), true);
     std::vector<bool> a = dateAnswer;
     a.resize(dates.size(), false);

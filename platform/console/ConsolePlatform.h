@@ -13,6 +13,7 @@ public:
     // Answers for the questions a command may meet (flags of the command line).
     Answer defaultAnswer = Answer::Yes;
     std::vector<bool> dateAnswer;  // empty: all dates
+    std::vector<std::string> dateTexts;  // dates to tick by text ("2006-02-16"); wins over dateAnswer
     bool quiet = false;
 
     std::optional<std::string> readSetting(const std::string& section, const std::string& key) override;
