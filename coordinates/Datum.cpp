@@ -16,7 +16,9 @@ namespace {
 constexpr int kCheckTransform = 1;
 constexpr int kListDatum = 44;
 
-double Field(std::string_view line, size_t& pos) { return LeadingNumber(StripQuotes(NextField(line, pos, '|'))); }
+// A field without its double quotes and the blanks around it.
+std::string Clean(std::string_view field) { return std::string(Trim(StripQuotes(field))); }
+double Field(std::string_view line, size_t& pos) { return LeadingNumber(Clean(NextField(line, pos, '|'))); }
 
 std::string NumberText(double v) {
     char buf[64];
@@ -51,8 +53,8 @@ std::vector<Datum> ParseHelmert(std::string_view text) {
         if (line.empty() || line.front() == '#') continue;
         Datum d;
         size_t pos = 0;
-        d.Name = StripQuotes(NextField(line, pos, '|'));
-        d.Region = StripQuotes(NextField(line, pos, '|'));
+        d.Name = Clean(NextField(line, pos, '|'));
+        d.Region = Clean(NextField(line, pos, '|'));
         d.HalbachseX = Field(line, pos);
         d.HalbachseY = Field(line, pos);
         d.dx = Field(line, pos);
