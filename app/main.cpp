@@ -8,6 +8,7 @@
 #include "commands/StartUp.h"
 #include "core/Session.h"
 #include "forms/FormMain.h"
+#include "forms/FormTrackAuswahl.h"
 #include "platform/qt/QtPlatform.h"
 
 int main(int argc, char** argv) {
@@ -29,9 +30,13 @@ int main(int argc, char** argv) {
     {
         ortelix::FormMain form(session);
         platform.setParent(&form);
+        platform.dateForm = [&form](const std::vector<std::string>& dates) {
+            return ortelix::FormTrackAuswahl::choose(dates, &form);
+        };
         form.show();
         code = QApplication::exec();
         platform.setParent(nullptr);
+        platform.dateForm = nullptr;
     }
     // Ending: the options are saved once more.
     ortelix::EndProgram(session);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "forms/FrameTrackFilter.h"
+#include "forms/FrameWayPointFilter.h"
 #include "forms/SettingsFrames.h"
 
 namespace ortelix {
@@ -21,8 +23,8 @@ const std::vector<FramePage>& FramePages() {
         {kFrameTk25Route, "MenSetUpTk25Route", "TK25 Hessen Route", MakeFrameTk25Route},
         {kFrameTk25WayPoint, "MenSetUpTk25WayPoint", "TK25 Hessen Waypoint", MakeFrameTk25WayPoint},
         {kFrameGoogle, "MenSetUpGoogle", "Google Earth", MakeFrameGoogle},
-        {kFrameTrackFilter, "MenSetUpTrackFilter", "Track Filter", nullptr},
-        {kFrameWayPointFilter, "MenSetUpWayPointFilter", "Waypoint Filter", nullptr},
+        {kFrameTrackFilter, "MenSetUpTrackFilter", "Track Filter", MakeFrameTrackFilter},
+        {kFrameWayPointFilter, "MenSetUpWayPointFilter", "Waypoint Filter", MakeFrameWayPointFilter},
         {kFrameASCII, "MenSetUpASCII", "Text Datei", MakeFrameASCII},
     };
     return pages;

@@ -54,6 +54,16 @@ void OptionsFrame::addText(int index, const QString& caption) {
     layout_->addRow(caption, edit);
 }
 
+void OptionsFrame::addTime(int index, const QString& caption, const QString& tip) {
+    auto* edit = new QLineEdit(this);
+    edit->setObjectName(QString("TextZeit%1").arg(index));
+    edit->setToolTip(tip);
+    std::string& option = session_.options.TextZeit.at(static_cast<size_t>(index));
+    connect(edit, &QLineEdit::textEdited, this, [&option](const QString& t) { option = t.toStdString(); });
+    loaders_.push_back([edit, &option] { edit->setText(QString::fromStdString(option)); });
+    layout_->addRow(caption, edit);
+}
+
 void OptionsFrame::addList(int index, const QString& caption, const QStringList& entries, const QString& tip) {
     auto* list = new QComboBox(this);
     list->setObjectName(QString("List%1").arg(index));

@@ -24,6 +24,8 @@ public:
     void addNumber(int index, const QString& caption, const QString& tip = {});
     // Text(i).
     void addText(int index, const QString& caption);
+    // TextZeit(i), a time of day "hh:mm:ss".
+    void addTime(int index, const QString& caption, const QString& tip = {});
     // List(i) with its entries.
     void addList(int index, const QString& caption, const QStringList& entries, const QString& tip = {});
     // ListFeld(i): "kein", then the columns 1 to 30.

@@ -98,7 +98,7 @@ std::optional<std::string> QtPlatform::inputBox(const std::string& prompt, const
 }
 
 std::vector<bool> QtPlatform::chooseDates(const std::vector<std::string>& dates) {
-    // The choice form comes with the read filters; until then every date passes.
+    if (dateForm) return dateForm(dates);
     return std::vector<bool>(dates.size(), true);
 }
 

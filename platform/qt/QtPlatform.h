@@ -1,5 +1,7 @@
 #pragma once
 // The desktop's platform: Qt dialogs, clipboard, processes and the settings file.
+#include <functional>
+
 #include "platform/Platform.h"
 
 class QWidget;
@@ -10,6 +12,9 @@ class QtPlatform : public Platform {
 public:
     explicit QtPlatform(QWidget* parent = nullptr) : parent_(parent) {}
     void setParent(QWidget* parent) { parent_ = parent; }
+    // The form of the date choice; the desktop sets it (the forms sit above the
+    // platform). Without it every date is ticked.
+    std::function<std::vector<bool>(const std::vector<std::string>&)> dateForm;
 
     std::optional<std::string> readSetting(const std::string& section, const std::string& key) override;
     void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
