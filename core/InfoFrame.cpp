@@ -43,7 +43,8 @@ InfoFrame InfoValues(const Session& s, std::string_view mapName) {
     if (o.Check[8] || o.Check[9]) f.LabelInfo[7] = "Trackfilter aktiviert";
     if (o.List[7] != 1) f.LabelInfo[8] = "Koordinatenabstand wird reduziert";  // 1 is "Alle Punkte"
     if (o.List[8] != 0) f.LabelInfo[9] = "WayPointfilter aktiviert";          // 0 is "Alle eintragen"
-    f.LabelInfo[10] = std::string(mapName) + (o.Check[0] ? " (auto)" : " (fix)");
+    // Without a chosen map (no Top50 map list) the line stays empty.
+    if (!mapName.empty()) f.LabelInfo[10] = std::string(mapName) + (o.Check[0] ? " (auto)" : " (fix)");
     f.StatusText = st.StatusText.text();
     return f;
 }

@@ -140,6 +140,7 @@ void FormMain::buildFrames() {
         auto* scroll = new QScrollArea(frames_);
         scroll->setWidgetResizable(true);
         scroll->setFrameShape(QFrame::NoFrame);
+        scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         scroll->setWidget(page);
         frames_->addWidget(scroll);
         pages_[static_cast<size_t>(p.index)] = page;

@@ -231,6 +231,7 @@ TEST(InfoFrame, CountersAndNotices) {
     EXPECT_EQ(f.LabelInfo[8], "Koordinatenabstand wird reduziert");
     EXPECT_EQ(f.LabelInfo[9], "WayPointfilter aktiviert");
     EXPECT_EQ(f.LabelInfo[10], "Frankfurt (auto)");
+    EXPECT_EQ(InfoValues(s, "").LabelInfo[10], "");
     EXPECT_EQ(InfoCaption(2), "Überspungene Trackpunkte:");
     EXPECT_EQ(InfoCaption(13), "Eingelesene Flächen:");
 
