@@ -254,4 +254,14 @@ void OziMapEinlesen(Session& s, const std::string& fileOrFolder) {
     s.store.StatusText.set("Fertig");
 }
 
+void OziMapEinlesenAuswahl(Session& s, const std::string& file) {
+    if (file.empty()) return;
+    if (s.DialogFilterIndex != 2) {
+        OziMapEinlesen(s, file);
+        return;
+    }
+    const std::string folder = SplitPath(file, 3);
+    OziMapEinlesen(s, folder.empty() ? std::string(".") : folder);
+}
+
 }  // namespace ortelix

@@ -48,5 +48,8 @@ OziMapInfo OziMapLesenText(std::string_view bytes);
 
 // Adds the area of one .map file; a folder adds one area per .map in it.
 void OziMapEinlesen(Session& s, const std::string& fileOrFolder);
+// The menu command: the chosen file, or with the dialog's second filter
+// ("Alle Kalibrierungsdateien im Ordner") every .map of its folder.
+void OziMapEinlesenAuswahl(Session& s, const std::string& file);
 
 }  // namespace ortelix

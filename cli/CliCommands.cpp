@@ -13,6 +13,8 @@ const std::vector<CliCommand>& CliCommands() {
          "zeigt alle Einstellungen mit Namen und Wert; reset speichert die Grundeinstellung", SettingsCommand},
         {"coord", "ortelix coord UMRECHNUNG [WERTE...] [--meridian M] [--system N] [--datum NAME]",
          "rechnet Koordinaten um (Gauß-Krüger, UTM, Datum, Entfernung, Geoid)", CoordCommand},
+        {"ozi-map", "ortelix ozi-map BILD LON_W LAT_N LON_O LAT_S BREITE HOEHE [--meridian M] [--margin R]",
+         "schreibt die OziExplorer-Kalibrierung (.map) für ein Bild", OziMapCommand},
     };
     return table;
 }

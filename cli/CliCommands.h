@@ -20,5 +20,6 @@ int InfoCommand(const std::vector<std::string>& args);
 int FormatsCommand(const std::vector<std::string>& args);
 int CoordCommand(const std::vector<std::string>& args);
 int SettingsCommand(const std::vector<std::string>& args);
+int OziMapCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix

@@ -36,7 +36,7 @@ int ConvertCommand(const std::vector<std::string>& args) {
     // What was read is written even when one input failed; the exit code tells.
     Session& s = *ctx.session;
     s.store.PendingName.clear();
-    ok = RunWriter(s, writer->title, [&] { writer->run(s, output); }) && ok;
+    ok = RunWriter(s, CommandTitle(*writer), [&] { writer->run(s, output); }) && ok;
     return ok ? 0 : 1;
 }
 
