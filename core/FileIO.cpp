@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "core/Session.h"
+#include "platform/Platform.h"
 
 namespace ortelix {
 
@@ -49,7 +50,9 @@ std::string ReadFileBytes(const std::string& path) {
 
 std::string ReadWholeFile(Session& s, const std::string& path) {
     s.store.StatusText.set("Lese Datei");
-    std::string data = ReadFileBytes(path);
+    s.platform.setBusy(true);
+    std::string data = ReadFileBytes(path);  // on failure the failure handler ends the hourglass
+    s.platform.setBusy(false);
     s.store.StatusText.set("Fertig");
     return data;
 }

@@ -114,11 +114,7 @@ bool QtPlatform::yield() {
     return QApplication::mouseButtons() & Qt::RightButton;
 }
 
-double QtPlatform::now() {
-    static QElapsedTimer timer;  // a monotonic clock; started once
-    if (!timer.isValid()) timer.start();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e9;
-}
+double QtPlatform::now() { return static_cast<double>(clock_.nsecsElapsed()) / 1e9; }
 
 std::string QtPlatform::clipboardText() { return QApplication::clipboard()->text().toStdString(); }
 void QtPlatform::setClipboardText(const std::string& text) {

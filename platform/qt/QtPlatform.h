@@ -2,6 +2,8 @@
 // The desktop's platform: Qt dialogs, clipboard, processes and the settings file.
 #include <functional>
 
+#include <QElapsedTimer>
+
 #include "platform/Platform.h"
 
 class QWidget;
@@ -10,7 +12,7 @@ namespace ortelix {
 
 class QtPlatform : public Platform {
 public:
-    explicit QtPlatform(QWidget* parent = nullptr) : parent_(parent) {}
+    explicit QtPlatform(QWidget* parent = nullptr) : parent_(parent) { clock_.start(); }
     void setParent(QWidget* parent) { parent_ = parent; }
     // The form of the date choice; the desktop sets it (the forms sit above the
     // platform). Without it every date is ticked.
@@ -49,6 +51,7 @@ private:
     QWidget* parent_;
     int serialFd_ = -1;
     bool busy_ = false;
+    QElapsedTimer clock_;  // monotonic, from the start of the platform
 };
 
 // Turns a "Text (*.x)|*.x|..." filter list into Qt's ";;" form.
