@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Writes a large track as an OziExplorer .plt and reads it back, with ortelix
+# and with gpsbabel (-o ozi / -i ozi) on the same data, and prints the times,
+# their ratios and the peak resident sizes.
+#   write = (GPX in, .plt out) minus (GPX in, nothing out)
+#   read  = (.plt in, nothing out), both programs on ortelix's .plt
+# Usage: bench/ozi-vs-gpsbabel.sh BUILD_DIR [POINTS]
+set -euo pipefail
+build=${1:-build-bench}
+points=${2:-1000000}
+here=$(cd "$(dirname "$0")" && pwd)
+work=${BENCH_DIR:-$here/out}
+mkdir -p "$work"
+big=$work/big-$points.gpx
+[ -f "$big" ] || python3 "$here/make-big-gpx.py" "$big" "$points"
+export ASAN_OPTIONS=detect_leaks=0
+
+measure() {  # label, command...: prints "seconds peak_kb"
+  local log=$work/time-ozi-$1.txt; shift
+  /usr/bin/time -v "$@" >/dev/null 2>"$log"
+  local wall rss
+  wall=$(awk -F': ' '/Elapsed \(wall clock\)/ {print $2}' "$log")
+  rss=$(awk -F': ' '/Maximum resident set size/ {print $2}' "$log")
+  echo "$(echo "$wall" | awk -F: '{s=0; for(i=1;i<=NF;i++) s=s*60+$i; print s}') $rss"
+}
+
+# gpsbabel reads all and writes nothing when every kind is dropped before the output.
+nothing=(-x nuketypes,waypoints,tracks,routes -o gpx -F /dev/null)
+
+rm -f "$work/ozi-ortelix.plt" "$work/ozi-gpsbabel.plt"
+read -r o_in o_in_rss < <(measure ortelix-gpx "$build/ortelix" info "$big")
+read -r o_conv o_conv_rss < <(measure ortelix-write "$build/ortelix" convert "$big" "$work/ozi-ortelix.plt")
+read -r o_read o_read_rss < <(measure ortelix-read "$build/ortelix" info "$work/ozi-ortelix.plt")
+read -r g_in g_in_rss < <(measure gpsbabel-gpx gpsbabel -t -i gpx -f "$big" "${nothing[@]}")
+read -r g_conv g_conv_rss < <(measure gpsbabel-write gpsbabel -t -i gpx -f "$big" -o ozi -F "$work/ozi-gpsbabel.plt")
+read -r g_read g_read_rss < <(measure gpsbabel-read gpsbabel -t -i ozi -f "$work/ozi-ortelix.plt" "${nothing[@]}")
+
+echo "file:      $big ($(du -m "$big" | cut -f1) MB GPX, $points points; .plt $(du -m "$work/ozi-ortelix.plt" | cut -f1) MB)"
+echo "points:    ortelix .plt $(sed -n 6p "$work/ozi-ortelix.plt" | tr -d '\r'), gpsbabel .plt $(($(wc -l < "$work/ozi-gpsbabel.plt") - 6))"
+awk -v oi="$o_in" -v oc="$o_conv" -v orr="$o_read" -v gi="$g_in" -v gc="$g_conv" -v gr="$g_read" 'BEGIN {
+  ow = oc - oi; gw = gc - gi; if (ow < 0.001) ow = 0.001
+  printf "write:     ortelix %.2f s (%.2f - %.2f), gpsbabel %.2f s (%.2f - %.2f), gpsbabel/ortelix = %.1f\n", ow, oc, oi, gw, gc, gi, gw / ow
+  printf "read:      ortelix %.2f s, gpsbabel %.2f s, gpsbabel/ortelix = %.1f\n", orr, gr, gr / (orr > 0 ? orr : 0.001)
+}'
+echo "peak RSS:  ortelix write $((o_conv_rss / 1024)) MB, read $((o_read_rss / 1024)) MB; gpsbabel write $((g_conv_rss / 1024)) MB, read $((g_read_rss / 1024)) MB"
