@@ -30,6 +30,10 @@ bool GeoidLaden(Session& s) {
     return true;
 }
 
+// Nearest node of the 15' grid: against cct +proj=vgridshift +grids=egm96_15.gtx
+// (bilinear) at most 1.25 m over Germany and Switzerland, 0.005 m at the
+// nodes (bench/coord-accuracy.sh). Values below -55.36 m read as 655.36 m
+// plus the value, by the sign rule "above 600".
 double GeoidWert(const GeoidTable& t, double lon, double lat) {
     if (lat < -90 || lat > 90) return 0;
     if (lon < 0) lon += 360;
