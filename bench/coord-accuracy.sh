@@ -92,6 +92,19 @@ worst_nodes = max(abs(float(o[0]) + float(r[2])) for o, r in zip(ours, ref))
 report.append(("Geoid, any point (nearest node vs. cct bilinear)", worst))
 report.append(("Geoid at grid nodes (centimetre storage)", worst_nodes))
 
+# Datum shift of helmert.dat's DHDN row against the same parameters in PROJ
+# (exact rotations, the point's own height 0 instead of the fixed heights).
+ours = coord("datum-wgs84", [f"{lon} {lat}" for lon, lat in germany], "--datum", "Potsdam (DHDN)")
+ref = run(["cs2cs", "-f", "%.9f", "+proj=longlat", "+ellps=bessel", "+towgs84=598.1,73.7,418.2,0.202,0.045,-2.455,6.7",
+           "+to", "+proj=longlat", "+datum=WGS84"], [f"{lon} {lat}" for lon, lat in germany])
+worst = max(metres(float(o[0]), float(o[1]), float(r[0]), float(r[1])) for o, r in zip(ours, ref))
+report.append(("Datum DHDN -> WGS84  (cs2cs +towgs84, same values)", worst))
+ours = coord("wgs84-datum", [f"{lon} {lat}" for lon, lat in germany], "--datum", "Potsdam (DHDN)")
+ref = run(["cs2cs", "-f", "%.9f", "+proj=longlat", "+datum=WGS84", "+to", "+proj=longlat", "+ellps=bessel",
+           "+towgs84=598.1,73.7,418.2,0.202,0.045,-2.455,6.7"], [f"{lon} {lat}" for lon, lat in germany])
+worst = max(metres(float(o[0]), float(o[1]), float(r[0]), float(r[1])) for o, r in zip(ours, ref))
+report.append(("Datum WGS84 -> DHDN  (cs2cs +towgs84, same values)", worst))
+
 # Entfernung against the geodesic of geod, far (to 10 E 51 N) and near (100 m north-east).
 pairs = [(lon, lat, 10.0, 51.0) for lon, lat in germany if (lon, lat) != (10.0, 51.0)]
 pairs += [(lon, lat, lon + 0.0009, lat + 0.0006) for lon, lat in germany]
