@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -61,6 +62,28 @@ double LeadingNumber(std::string_view t, size_t* consumed) {
         if (j > expDigits) i = j;
     }
     if (consumed) *consumed = i;
+    // Most numbers in files are short decimals: a whole mantissa below 2^53
+    // divided by an exact power of ten is correctly rounded, as from_chars is.
+    {
+        static constexpr double kPow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+        uint64_t mantissa = 0;
+        int digits = 0, scale = 0;
+        bool simple = true, afterPoint = false;
+        for (size_t k = digitsStart; k < i && simple; ++k) {
+            const char c = t[k];
+            if (c == '.') afterPoint = true;
+            else if (IsDigit(c)) {
+                mantissa = mantissa * 10 + static_cast<uint64_t>(c - '0');
+                if (mantissa != 0) ++digits;
+                if (afterPoint) ++scale;
+            } else simple = false;  // an exponent
+        }
+        if (simple && digits <= 15 && scale <= 22) {
+            const double v = static_cast<double>(mantissa) / kPow10[scale];
+            return t[start] == '-' ? -v : v;
+        }
+    }
     size_t from = start;
     if (t[from] == '+') ++from;
     double v = 0;

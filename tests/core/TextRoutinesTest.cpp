@@ -159,3 +159,27 @@ TEST(Text, Charsets) {
 
 }  // namespace
 }  // namespace ortelix
+
+#include <charconv>
+#include <random>
+
+namespace ortelix {
+namespace {
+
+// The quick path for short decimals must give the very double that from_chars gives.
+TEST(Text, LeadingNumberMatchesFromChars) {
+    std::mt19937_64 rng(42);
+    for (int i = 0; i < 20000; ++i) {
+        const double v = std::uniform_real_distribution<double>(-1000, 1000)(rng);
+        const int decimals = static_cast<int>(rng() % 16);
+        char buf[64];
+        auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, decimals);
+        const std::string_view text(buf, static_cast<size_t>(r.ptr - buf));
+        double expected = 0;
+        std::from_chars(text.data(), text.data() + text.size(), expected);
+        ASSERT_EQ(LeadingNumber(text), expected) << text;
+    }
+}
+
+}  // namespace
+}  // namespace ortelix
