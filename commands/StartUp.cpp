@@ -1,6 +1,7 @@
 #include "commands/StartUp.h"
 
 #include "coordinates/Datum.h"
+#include "coordinates/Geoid.h"
 #include "core/ModulMain.h"
 #include "core/Session.h"
 #include "core/Settings.h"
@@ -9,6 +10,7 @@ namespace ortelix {
 
 std::string StartUp(Session& s) {
     HelmertEinlesen(s);
+    GeoidLaden(s);  // heights stay 0 without the grid file
     ClearStore(s.store);
     s.UserAbort = false;
     RestoreSettings(s, MapStitcherFound(s));
