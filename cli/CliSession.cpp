@@ -4,6 +4,8 @@
 
 #include "cli/DatesFlag.h"
 #include "commands/CommandTable.h"
+#include "coordinates/Datum.h"
+#include "coordinates/Geoid.h"
 #include "core/Failure.h"
 #include "core/ModulMain.h"
 #include "core/ModulShared.h"
@@ -21,7 +23,10 @@ std::string Lower(std::string s) {
 
 bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
     ctx.session = std::make_unique<Session>(ctx.platform);
-    // The options of the settings file first, so that --set overrides them.
+    // The tables of the program folder, as at start-up; then the options of
+    // the settings file, so that --set overrides them.
+    HelmertEinlesen(*ctx.session);
+    GeoidLaden(*ctx.session);
     RestoreSettings(*ctx.session, MapStitcherFound(*ctx.session));
     std::vector<std::pair<std::string, std::string>> sets;
     for (size_t i = 0; i < args.size(); ++i) {
