@@ -60,11 +60,10 @@ std::string SetupLine(double modus) {
     if (modus == kModusUTM || modus == kModusGeo) return "Projection Setup,,,,,,,,,,\r\n";
     // Gauss-Krueger strip: the false easting's leading digits are 5 + 10 m / 3
     // (3 degrees gives 1500000, 9 degrees 3500000).
-    const long long k = static_cast<long long>(std::floor(5 + 10 * modus / 3));
     std::string out = "Projection Setup,     0.000000000,    ";
     out += FormatFixed(modus, 9);
     out += ",     1.000000000,      ";
-    AppendInt(out, k);
+    out += FormatFixed(std::floor(5 + 10 * modus / 3), 0);
     out += "00000.00,            0.00,,,,,\r\n";
     return out;
 }
@@ -80,14 +79,13 @@ double MarginPixels(const OziMapDaten& d) {
 }  // namespace
 
 std::string OziGrad(double x) {
-    std::string s;
-    AppendInt(s, static_cast<long long>(std::floor(std::fabs(x))));
+    std::string s = FormatFixed(std::floor(std::fabs(x)), 0);
     if (s.size() < 4) s.insert(0, 4 - s.size(), ' ');
     return s;
 }
 
 std::string OziMinuten(double x) {
-    const double a = std::fabs(x);
+    const double a = std::isfinite(x) ? std::fabs(x) : 0;
     // The added millionth keeps a whole minute from losing its decimals; the
     // text is cut, not rounded, so 59.9999999 stays 60 minutes and never carries.
     const double v = (a - std::floor(a)) * 60 + 1000.000001;

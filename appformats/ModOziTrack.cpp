@@ -1,6 +1,7 @@
 #include "appformats/ModOziTrack.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "appformats/ModOziNumbers.h"
 #include "coordinates/Datum.h"
@@ -96,7 +97,10 @@ void OziTrackLesenText(Session& s, std::string_view bytes, std::string_view name
     lines.skip(5);
     std::string_view line;
     int64_t expected = 0;
-    if (lines.next(line)) expected = static_cast<int64_t>(LeadingNumber(line));
+    if (lines.next(line)) {
+        const double n = LeadingNumber(line);
+        if (n > 0 && n < 1e12) expected = static_cast<int64_t>(n);
+    }
     if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
     if (expected > 0) {
         s.store.StatusText.set("Lese Datensätze: ", expected);
@@ -112,6 +116,8 @@ void OziTrackLesenText(Session& s, std::string_view bytes, std::string_view name
         TrackPointIn p;
         p.lat = ParseCoordinate(f[1]);
         p.lon = ParseCoordinate(f[2]);
+        // Only a number too long for a double gets here as infinite: no place on earth.
+        if (!std::isfinite(p.lat) || !std::isfinite(p.lon)) continue;
         // An empty altitude field means a short line: nothing optional follows it.
         if (!Trim(f[4]).empty()) {
             p.alt = ParseHoeheFuss(f[4]);
