@@ -1,5 +1,10 @@
 #include "forms/SettingsFrames.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLayout>
+
 #include "coordinates/Datum.h"
 #include "core/Session.h"
 #include "forms/OptionsFrame.h"
@@ -23,8 +28,25 @@ QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
     QStringList entries;
     for (const std::string& e : DatumEintraege(s.coords)) entries << QString::fromStdString(e);
     f->addCheck(1, "Koordinaten von und nach WGS84 transformieren");
-    if (entries.isEmpty()) f->addNote("Die Datumsliste (helmert.dat) ist nicht geladen.");
-    else f->addList(44, "Datum", entries);
+    if (entries.isEmpty()) {
+        f->addNote("Die Datumsliste (helmert.dat) ist nicht geladen.");
+        return f;
+    }
+    f->addList(44, "Datum", entries);
+    // The detail box follows the chosen datum and the check box; the values
+    // themselves come from the datum module.
+    auto* detail = new QLabel(f);
+    detail->setObjectName("HelmertDetail");
+    f->layout()->addWidget(detail);
+    auto show = [&s, detail] {
+        const HelmertAnzeige a = HelmertAnzeigen(s);
+        QStringList lines{QString::fromStdString(a.caption)};
+        for (const std::string& l : a.detail) lines << QString::fromStdString(l);
+        detail->setText(lines.join("\n"));
+    };
+    for (auto* list : f->findChildren<QComboBox*>()) QObject::connect(list, &QComboBox::activated, detail, show);
+    for (auto* box : f->findChildren<QCheckBox*>()) QObject::connect(box, &QCheckBox::toggled, detail, show);
+    show();
     return f;
 }
 
