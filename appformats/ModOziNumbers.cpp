@@ -2,74 +2,96 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 #include "core/Charset.h"
 #include "core/ModulShared.h"
 
 namespace ortelix {
 
-void AppendKoordinate(std::string& out, double value) {
+char* PutKoordinate(char* p, double value) {
     if (!std::isfinite(value)) value = 0;
-    char buf[400];
-    auto r = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::fixed, 6);
-    std::string_view s(buf, static_cast<size_t>(r.ptr - buf));
+    char* end = std::to_chars(p, p + 400, value, std::chars_format::fixed, 6).ptr;
     // A value that rounds to zero shows no sign.
-    if (s[0] == '-' && s.find_first_not_of("-0.") == std::string_view::npos) s.remove_prefix(1);
-    out += s;
+    if (*p == '-') {
+        bool zero = true;
+        for (const char* q = p + 1; q < end && zero; ++q) zero = *q == '0' || *q == '.';
+        if (zero) {
+            std::memmove(p, p + 1, static_cast<size_t>(end - p - 1));
+            --end;
+        }
+    }
+    return end;
+}
+
+char* PutHoeheFuss(char* p, OptInt metres) {
+    const long long feet = metres.empty() ? kNoAltitudeFeet : static_cast<long long>(std::floor(*metres * kFeetPerMetre));
+    return std::to_chars(p, p + 24, feet).ptr;
+}
+
+char* PutTageswert(char* p, Date date, Time time) {
+    if (date.empty() || time.empty()) return p;
+    const double v = static_cast<double>(*date) + static_cast<double>(*time) / kSecondsPerDay;
+    return std::to_chars(p, p + 64, v).ptr;
+}
+
+namespace {
+char* Two(char* p, int v) {
+    p[0] = static_cast<char>('0' + v / 10 % 10);
+    p[1] = static_cast<char>('0' + v % 10);
+    return p + 2;
+}
+}  // namespace
+
+char* PutDateText(char* p, Date date) {
+    if (date.empty()) return p;
+    const CivilDate c = CivilFromSerial(*date);
+    p = Two(p, c.day);
+    *p++ = '.';
+    p = Two(p, c.month);
+    *p++ = '.';
+    if (c.year >= 0 && c.year < 10000) return Two(Two(p, c.year / 100), c.year % 100);
+    return std::to_chars(p, p + 24, c.year).ptr;
+}
+
+char* PutTimeText(char* p, Time time) {
+    if (time.empty()) return p;
+    const int s = ((*time % kSecondsPerDay) + kSecondsPerDay) % kSecondsPerDay;
+    p = Two(p, s / 3600);
+    *p++ = ':';
+    p = Two(p, s / 60 % 60);
+    *p++ = ':';
+    return Two(p, s % 60);
+}
+
+void AppendKoordinate(std::string& out, double value) {
+    char buf[400];
+    out.append(buf, PutKoordinate(buf, value));
 }
 
 void AppendInt(std::string& out, long long value) {
     char buf[24];
-    auto r = std::to_chars(buf, buf + sizeof buf, value);
-    out.append(buf, r.ptr);
+    out.append(buf, std::to_chars(buf, buf + sizeof buf, value).ptr);
 }
 
 void AppendHoeheFuss(std::string& out, OptInt metres) {
-    if (metres.empty()) {
-        AppendInt(out, kNoAltitudeFeet);
-        return;
-    }
-    AppendInt(out, static_cast<long long>(std::floor(*metres * kFeetPerMetre)));
+    char buf[24];
+    out.append(buf, PutHoeheFuss(buf, metres));
 }
 
 void AppendTageswert(std::string& out, Date date, Time time) {
-    if (date.empty() || time.empty()) return;
-    const double v = static_cast<double>(*date) + static_cast<double>(*time) / kSecondsPerDay;
     char buf[64];
-    auto r = std::to_chars(buf, buf + sizeof buf, v);
-    out.append(buf, r.ptr);
+    out.append(buf, PutTageswert(buf, date, time));
 }
-
-namespace {
-void Two(std::string& out, int v) {
-    out += static_cast<char>('0' + v / 10 % 10);
-    out += static_cast<char>('0' + v % 10);
-}
-}  // namespace
 
 void AppendDateText(std::string& out, Date date) {
-    if (date.empty()) return;
-    const CivilDate c = CivilFromSerial(*date);
-    Two(out, c.day);
-    out += '.';
-    Two(out, c.month);
-    out += '.';
-    if (c.year >= 0 && c.year < 10000) {
-        Two(out, c.year / 100);
-        Two(out, c.year % 100);
-    } else {
-        AppendInt(out, c.year);
-    }
+    char buf[32];
+    out.append(buf, PutDateText(buf, date));
 }
 
 void AppendTimeText(std::string& out, Time time) {
-    if (time.empty()) return;
-    const int s = ((*time % kSecondsPerDay) + kSecondsPerDay) % kSecondsPerDay;
-    Two(out, s / 3600);
-    out += ':';
-    Two(out, s / 60 % 60);
-    out += ':';
-    Two(out, s % 60);
+    char buf[16];
+    out.append(buf, PutTimeText(buf, time));
 }
 
 void AppendCp1252(std::string& out, std::string_view utf8) {

@@ -30,6 +30,14 @@ void AppendCp1252(std::string& out, std::string_view utf8);
 // Name Ozi: cut to 40 characters, "," replaced by character 209, trimmed; as Windows-1252.
 void AppendNameOzi(std::string& out, std::string_view utf8);
 
+// The same forms written at p, for the hot loops; each returns the end.
+// p needs room for 400 characters (Koordinate of any double), 64 for the others.
+char* PutKoordinate(char* p, double value);
+char* PutHoeheFuss(char* p, OptInt metres);
+char* PutTageswert(char* p, Date date, Time time);
+char* PutDateText(char* p, Date date);
+char* PutTimeText(char* p, Time time);
+
 // A Tageswert field back into date and time; empty when the field holds no number.
 struct OziMoment {
     Date date;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "appformats/ModOziNumbers.h"
 #include "coordinates/Datum.h"
@@ -31,20 +32,37 @@ void Produce(const Track& t, std::string_view name, Emit emit) {
     out += ",1,1,0,8421376\r\n";
     AppendInt(out, static_cast<long long>(t.Points.size()));
     out += "\r\n";
+    char line[1200];  // two coordinates of any size and the short fields
+    // Points come in runs of one day: the date text is made once a run.
+    Date lastDate;
+    char dateText[32];
+    size_t dateLength = 0;
     for (const TrackPoint& p : t.Points) {
-        out += ' ';
-        AppendKoordinate(out, p.Lat);
-        out += ", ";
-        AppendKoordinate(out, p.Lon);
-        out += ", 0, ";
-        AppendHoeheFuss(out, p.Alt);
-        out += ", ";
-        AppendTageswert(out, p.Date_, p.Time_);
-        out += ", ";
-        AppendDateText(out, p.Date_);
-        out += ", ";
-        AppendTimeText(out, p.Time_);
-        out += "\r\n";
+        if (!(p.Date_ == lastDate) || dateLength == 0) {
+            lastDate = p.Date_;
+            dateLength = static_cast<size_t>(PutDateText(dateText, p.Date_) - dateText);
+        }
+        char* e = line;
+        *e++ = ' ';
+        e = PutKoordinate(e, p.Lat);
+        *e++ = ',';
+        *e++ = ' ';
+        e = PutKoordinate(e, p.Lon);
+        std::memcpy(e, ", 0, ", 5);
+        e = PutHoeheFuss(e + 5, p.Alt);
+        *e++ = ',';
+        *e++ = ' ';
+        e = PutTageswert(e, p.Date_, p.Time_);
+        *e++ = ',';
+        *e++ = ' ';
+        std::memcpy(e, dateText, dateLength);
+        e += dateLength;
+        *e++ = ',';
+        *e++ = ' ';
+        e = PutTimeText(e, p.Time_);
+        *e++ = '\r';
+        *e++ = '\n';
+        out.append(line, e);
         if (out.size() >= kSlice) {
             emit(out);
             out.clear();

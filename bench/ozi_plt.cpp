@@ -1,6 +1,7 @@
 // Writing and reading OziExplorer tracks in memory: one track of a million points.
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
 #include <string>
 
 #include "appformats/ModOziTrack.h"
@@ -36,6 +37,20 @@ void BM_WriteOziTrack(benchmark::State& state) {
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * state.range(0));
 }
 BENCHMARK(BM_WriteOziTrack)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+// The file writer as the commands call it: slices through the safe writer.
+void BM_WriteOziTrackFile(benchmark::State& state) {
+    ortelix::FuzzPlatform p;
+    ortelix::Session s(p);
+    s.store.Tracks.push_back(MakeTrack(static_cast<int>(state.range(0))));
+    const std::string file = std::filesystem::temp_directory_path() / "ortelix-bench-ozi.plt";
+    for (auto _ : state) ortelix::OziTrackSchreiben(s, file, 1);
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) *
+                            static_cast<int64_t>(std::filesystem::file_size(file)));
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * state.range(0));
+    std::filesystem::remove(file);
+}
+BENCHMARK(BM_WriteOziTrackFile)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadOziTrack(benchmark::State& state) {
     const std::string text = ortelix::OziTrackText(MakeTrack(static_cast<int>(state.range(0))), "Bench");
