@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "appformats/ModOziNumbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <vector>
 #include "core/DateTime.h"
 
 namespace ortelix {
@@ -127,6 +132,35 @@ TEST(OziNumbers, LinesEndInAnyWayAndFieldsCountFromOne) {
 TEST(OziNumbers, NumberedFilesDropTheExtension) {
     EXPECT_EQ(OziNumberedFile("/x/tour.plt", 2, ".plt"), "/x/tour2.plt");
     EXPECT_EQ(OziNumberedFile("/x.d/tour", 10, ".rt2"), "/x.d/tour10.rt2");
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The Koordinate form has a fast path; it must agree with to_chars (the
+// exact value, ties to even) everywhere, ties and signs included.
+TEST(OziNumbers, KoordinateAgreesWithToCharsEverywhere) {
+    auto reference = [](double v) {
+        char buf[400];
+        std::string s(buf, std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 6).ptr);
+        if (s[0] == '-' && s.find_first_not_of("-0.") == std::string::npos) s.erase(0, 1);
+        return s;
+    };
+    std::vector<double> values = {0.0, -0.0, 0.0000005, 0.0000015, 0.0000025, -0.0000005, 0.5, 1e-7, -1e-7,
+                                  999999999.9999995, 1e9, 123456789.1234565, 8.1234565, 50.0000005, 2.5e-6, 179.999999500};
+    uint64_t state = 88172645463325252ull;
+    for (int i = 0; i < 200000; ++i) {
+        state ^= state << 13, state ^= state >> 7, state ^= state << 17;
+        const double unit = static_cast<double>(state >> 11) / 9007199254740992.0;
+        const double scale = std::ldexp(1.0, static_cast<int>(state % 44) - 20);  // 1e-6 .. 8e6
+        values.push_back((state & 1 ? -1 : 1) * unit * scale);
+        // Exact ties: multiples of 2^-k near the sixth decimal.
+        values.push_back(std::ldexp(static_cast<double>(state % 100000000), -static_cast<int>(state % 30)));
+    }
+    for (double v : values) ASSERT_EQ(Koordinate(v), reference(v)) << std::hexfloat << v;
 }
 
 }  // namespace
