@@ -47,7 +47,14 @@ double Azimut(double lon1, double lat1, double lon2, double lat2, double current
 double Entfernung(double lon1, double lat1, double lon2, double lat2) {
     const double p1 = lat1 * kRad, p2 = lat2 * kRad;
     const double l1 = lon1 * kRad, l2 = lon2 * kRad;
-    const double s = std::sin(p1) * std::sin(p2) + std::cos(p1) * std::cos(p2) * std::cos(l2 - l1);
+    // Steps along a track are far inside the near branch: when the two points
+    // differ by less than kSurelyNear radians in latitude plus longitude, the
+    // central angle is below it, and its cosine lies so far above kNear that
+    // computing it could not change the branch. The five sines and cosines of
+    // the test are then skipped; the result is the same to the last bit.
+    constexpr double kSurelyNear = 0.0025;  // cos(0.0025) = 0.999996875 > kNear
+    const bool surelyNear = std::fabs(p2 - p1) + std::fabs(l2 - l1) < kSurelyNear;
+    const double s = surelyNear ? 1.0 : std::sin(p1) * std::sin(p2) + std::cos(p1) * std::cos(p2) * std::cos(l2 - l1);
     double D;
     if (s < kNear) {
         const double F = (p1 + p2) / 2, G = (p1 - p2) / 2, L = (l1 - l2) / 2;

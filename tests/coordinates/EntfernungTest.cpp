@@ -80,3 +80,38 @@ TEST(Entfernung, KartenMasseOnCornersAndOnTheGrid) {
 
 }  // namespace
 }  // namespace ortelix
+
+#include <random>
+
+namespace ortelix {
+namespace {
+
+// The branch test in full, as the distance routine defines it.
+double NearOrFarReference(double lon1, double lat1, double lon2, double lat2) {
+    constexpr double kRad = 0.017453292519943278;
+    const double p1 = lat1 * kRad, p2 = lat2 * kRad, l1 = lon1 * kRad, l2 = lon2 * kRad;
+    const double s = std::sin(p1) * std::sin(p2) + std::cos(p1) * std::cos(p2) * std::cos(l2 - l1);
+    if (s < 0.999995) return -1;  // far: not this test's business
+    const double x = (l2 - l1) * std::cos((p1 + p2) / 2);
+    const double y = p2 - p1;
+    return std::sqrt(x * x + y * y) * 6371.299 * 1000;
+}
+
+// Skipping the branch test for short steps must not change a single bit.
+TEST(Entfernung, ShortStepsGiveTheSameBitsAsTheFullTest) {
+    std::mt19937_64 rng(3);
+    std::uniform_real_distribution<double> lat(-85, 85), lon(-180, 180), step(-0.08, 0.08);
+    int near = 0;
+    for (int i = 0; i < 200000; ++i) {
+        const double a = lon(rng), b = lat(rng);
+        const double c = a + step(rng), d = b + step(rng);
+        const double ref = NearOrFarReference(a, b, c, d);
+        if (ref < 0) continue;
+        ++near;
+        ASSERT_EQ(Entfernung(a, b, c, d), ref) << a << " " << b << " " << c << " " << d;
+    }
+    EXPECT_GT(near, 100000);
+}
+
+}  // namespace
+}  // namespace ortelix
