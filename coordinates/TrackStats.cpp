@@ -1,6 +1,8 @@
 #include "coordinates/TrackStats.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "coordinates/Entfernung.h"
 
@@ -25,15 +27,22 @@ int64_t TrackStats(TrackStatState& st, TrackPoint& p, bool firstOfTrack, int64_t
         p.DistKm = 0;
         return 0;
     }
-    // One course variable for both measures: the anchor's call overwrites the
-    // step's course unless the anchor is less than a metre away.
-    double course = 0;
-    st.TotalMetres += Entfernung(st.LastLon, st.LastLat, p.Lon, p.Lat, course);
+    // One course variable serves both measures: the anchor's course wins, and
+    // the step's course stays only when the anchor is too close to give one.
+    // So the step's course is worked out only then.
+    const double lastLon = st.LastLon, lastLat = st.LastLat;
+    st.TotalMetres += Entfernung(lastLon, lastLat, p.Lon, p.Lat);
     st.LastLon = p.Lon;
     st.LastLat = p.Lat;
 
+    double course = std::numeric_limits<double>::quiet_NaN();
+    const double fromAnchor = Entfernung(st.AnchorLon, st.AnchorLat, p.Lon, p.Lat, course);
+    if (std::isnan(course)) {
+        course = 0;
+        Entfernung(lastLon, lastLat, p.Lon, p.Lat, course);
+    }
     int64_t pause = 0;
-    if (Entfernung(st.AnchorLon, st.AnchorLat, p.Lon, p.Lat, course) > kStandStillMetres) {
+    if (fromAnchor > kStandStillMetres) {
         const int64_t stayed = moment - st.AnchorMoment;
         if (stayed > kPauseSeconds) {
             pause = stayed;

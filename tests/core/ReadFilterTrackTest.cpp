@@ -329,3 +329,24 @@ TEST(ReadFilterTrack, ReductionEntries) {
 
 }  // namespace
 }  // namespace ortelix
+
+namespace ortelix::test {
+namespace {
+
+// The course of a point is the one from the anchor; back at the anchor itself
+// it is the course of the last step instead.
+TEST(ReadFilterTrack, StepCourseFromTheAnchorOrElseFromTheLastPoint) {
+    FilterSession f;
+    f.add(PointAt(0, 0, 0));
+    f.add(PointAt(0, 150, 10));  // east: the anchor moves here
+    f.add(PointAt(50, 150, 20));  // 50 m north, the anchor stays
+    f.add(PointAt(0, 150, 30));   // back on the anchor: the step south counts
+    const Track& t = f.track(0);
+    ASSERT_EQ(t.Points.size(), 4u);
+    EXPECT_EQ(*t.Points[1].StepCourse, 90);
+    EXPECT_EQ(*t.Points[2].StepCourse, 0);
+    EXPECT_EQ(*t.Points[3].StepCourse, 180);
+}
+
+}  // namespace
+}  // namespace ortelix::test
