@@ -6,59 +6,13 @@
 #include <cstring>
 
 #include "core/Charset.h"
+#include "core/FixedDecimals.h"
 #include "core/ModulShared.h"
 
 namespace ortelix {
 
-namespace {
-// Six decimals of a double exactly as to_chars makes them (the exact binary
-// value, ties to even), by whole-number arithmetic for the common sizes;
-// nullptr when the value is outside them.
-char* FastSixDecimals(char* p, double value) {
-    const double a = std::fabs(value);
-    if (!(a < 1.0e9) || a == 0) return nullptr;
-    uint64_t bits;
-    std::memcpy(&bits, &a, sizeof bits);
-    const int biased = static_cast<int>(bits >> 52);
-    if (biased == 0) return nullptr;  // subnormal
-    const uint64_t m = (bits & ((uint64_t{1} << 52) - 1)) | (uint64_t{1} << 52);
-    const int shift = 1075 - biased;  // a = m / 2^shift
-    if (shift <= 0 || shift > 100) return nullptr;
-    const unsigned __int128 scaled = static_cast<unsigned __int128>(m) * 1000000u;
-    unsigned __int128 q = scaled >> shift;
-    const unsigned __int128 rest = scaled - (q << shift);
-    const unsigned __int128 half = static_cast<unsigned __int128>(1) << (shift - 1);
-    if (rest > half || (rest == half && (q & 1))) ++q;
-    auto whole = static_cast<uint64_t>(q);
-    if (value < 0 && whole != 0) *p++ = '-';
-    char digits[24];
-    int n = 0;
-    do {
-        digits[n++] = static_cast<char>('0' + whole % 10);
-        whole /= 10;
-    } while (whole != 0 || n < 7);  // at least one digit before the point
-    for (int i = n - 1; i >= 6; --i) *p++ = digits[i];
-    *p++ = '.';
-    for (int i = 5; i >= 0; --i) *p++ = digits[i];
-    return p;
-}
-}  // namespace
 
-char* PutKoordinate(char* p, double value) {
-    if (!std::isfinite(value)) value = 0;
-    if (char* fast = FastSixDecimals(p, value)) return fast;
-    char* end = std::to_chars(p, p + 400, value, std::chars_format::fixed, 6).ptr;
-    // A value that rounds to zero shows no sign.
-    if (*p == '-') {
-        bool zero = true;
-        for (const char* q = p + 1; q < end && zero; ++q) zero = *q == '0' || *q == '.';
-        if (zero) {
-            std::memmove(p, p + 1, static_cast<size_t>(end - p - 1));
-            --end;
-        }
-    }
-    return end;
-}
+char* PutKoordinate(char* p, double value) { return PutFixed(p, value, 6); }
 
 char* PutHoeheFuss(char* p, OptInt metres) {
     const long long feet = metres.empty() ? kNoAltitudeFeet : static_cast<long long>(std::floor(*metres * kFeetPerMetre));

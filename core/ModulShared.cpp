@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include "core/Charset.h"
+#include "core/FixedDecimals.h"
 
 namespace ortelix {
 
@@ -126,12 +127,8 @@ OptDouble ParseCourse(std::string_view text) {
 }
 
 std::string FormatFixed(double value, int decimals) {
-    if (!std::isfinite(value)) value = 0;
-    char buf[400];
-    auto r = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::fixed, decimals);
-    std::string s(buf, r.ptr);
-    // A value that rounds to zero shows no sign.
-    if (s[0] == '-' && s.find_first_not_of("-0.") == std::string::npos) s.erase(0, 1);
+    std::string s;
+    AppendFixed(s, value, decimals);
     return s;
 }
 

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "core/Charset.h"
+#include "core/FixedDecimals.h"
 #include "core/FileIO.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
@@ -25,13 +26,6 @@ constexpr std::string_view kHeader =
 // Appends text that is already UTF-8 as ISO-8859-1 ("?" for what it cannot hold).
 void Text(std::string& out, std::string_view utf8) { out += EncodeFromUtf8(utf8, Charset::Latin1); }
 
-void Fixed(std::string& out, double v, int decimals) {
-    char buf[64];
-    auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, decimals);
-    std::string_view s(buf, static_cast<size_t>(r.ptr - buf));
-    if (s[0] == '-' && s.find_first_not_of("-0.") == std::string_view::npos) s.remove_prefix(1);
-    out += s;
-}
 
 void Int(std::string& out, long long v) {
     char buf[24];
@@ -43,9 +37,9 @@ void PointStart(std::string& out, std::string_view tag, double lat, double lon) 
     out += '<';
     out += tag;
     out += " lat=\"";
-    Fixed(out, lat, 6);
+    AppendFixed(out, lat, 6);
     out += "\" lon=\"";
-    Fixed(out, lon, 6);
+    AppendFixed(out, lon, 6);
     out += "\">\r\n";
 }
 
@@ -99,7 +93,7 @@ void TrackPointLines(std::string& out, const TrackPoint& p) {
     }
     if (p.Speed.has()) {
         out += "  <speed>";
-        Fixed(out, *p.Speed * 1000.0 / 3600.0, 2);
+        AppendFixed(out, *p.Speed * 1000.0 / 3600.0, 2);
         out += "</speed>\r\n";
     }
     if (p.Sat.has()) {

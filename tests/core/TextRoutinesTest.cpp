@@ -183,3 +183,28 @@ TEST(Text, LeadingNumberMatchesFromChars) {
 
 }  // namespace
 }  // namespace ortelix
+
+#include "core/FixedDecimals.h"
+
+namespace ortelix {
+namespace {
+
+// The quick fixed-decimal form must equal to_chars, ties and large values included.
+TEST(Text, FixedDecimalsMatchToChars) {
+    std::mt19937_64 rng(9);
+    std::uniform_real_distribution<double> any(-2e9, 2e9);
+    for (int i = 0; i < 100000; ++i) {
+        const int decimals = static_cast<int>(rng() % 10);
+        double v = any(rng) / std::pow(10.0, static_cast<double>(rng() % 12));
+        if (i % 7 == 0) v = std::round(v * 1000) / 1000 + 0.0005;  // near ties
+        char ours[400], theirs[400];
+        const std::string_view a(ours, static_cast<size_t>(PutFixed(ours, v, decimals) - ours));
+        auto r = std::to_chars(theirs, theirs + 400, v, std::chars_format::fixed, decimals);
+        std::string b(theirs, r.ptr);
+        if (b[0] == '-' && b.find_first_not_of("-0.") == std::string::npos) b.erase(0, 1);
+        ASSERT_EQ(a, b) << v << " " << decimals;
+    }
+}
+
+}  // namespace
+}  // namespace ortelix
