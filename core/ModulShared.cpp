@@ -36,18 +36,34 @@ int FullYear(int y, int digits) {
 }  // namespace
 
 double LeadingNumber(std::string_view t, size_t* consumed) {
+    // One walk reads the digits into a whole mantissa as it finds them. Most
+    // numbers in files are short decimals: a mantissa below 2^53 divided by an
+    // exact power of ten is correctly rounded, as from_chars is; the rest go
+    // to from_chars.
+    static constexpr double kPow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                        1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const size_t n = t.size();
     size_t i = 0;
-    while (i < t.size() && IsBlank(t[i])) ++i;
+    while (i < n && IsBlank(t[i])) ++i;
     const size_t start = i;
-    if (i < t.size() && (t[i] == '+' || t[i] == '-')) ++i;
-    const size_t digitsStart = i;
-    while (i < t.size() && IsDigit(t[i])) ++i;
-    bool any = i > digitsStart;
-    if (i < t.size() && t[i] == '.') {
+    if (i < n && (t[i] == '+' || t[i] == '-')) ++i;
+    uint64_t mantissa = 0;
+    int digits = 0, scale = 0;
+    const size_t intStart = i;
+    for (; i < n && IsDigit(t[i]); ++i) {
+        mantissa = mantissa * 10 + static_cast<uint64_t>(t[i] - '0');
+        digits += mantissa != 0;
+    }
+    bool any = i > intStart;
+    if (i < n && t[i] == '.') {
         size_t j = i + 1;
-        while (j < t.size() && IsDigit(t[j])) ++j;
+        for (; j < n && IsDigit(t[j]); ++j) {
+            mantissa = mantissa * 10 + static_cast<uint64_t>(t[j] - '0');
+            digits += mantissa != 0;
+            ++scale;
+        }
         if (j > i + 1 || any) {
-            any = any || j > i + 1;
+            any = true;
             i = j;
         }
     }
@@ -55,35 +71,21 @@ double LeadingNumber(std::string_view t, size_t* consumed) {
         if (consumed) *consumed = 0;
         return 0;
     }
-    if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
+    bool exponent = false;
+    if (i < n && (t[i] == 'e' || t[i] == 'E')) {
         size_t j = i + 1;
-        if (j < t.size() && (t[j] == '+' || t[j] == '-')) ++j;
+        if (j < n && (t[j] == '+' || t[j] == '-')) ++j;
         const size_t expDigits = j;
-        while (j < t.size() && IsDigit(t[j])) ++j;
-        if (j > expDigits) i = j;
+        while (j < n && IsDigit(t[j])) ++j;
+        if (j > expDigits) {
+            i = j;
+            exponent = true;
+        }
     }
     if (consumed) *consumed = i;
-    // Most numbers in files are short decimals: a whole mantissa below 2^53
-    // divided by an exact power of ten is correctly rounded, as from_chars is.
-    {
-        static constexpr double kPow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-        uint64_t mantissa = 0;
-        int digits = 0, scale = 0;
-        bool simple = true, afterPoint = false;
-        for (size_t k = digitsStart; k < i && simple; ++k) {
-            const char c = t[k];
-            if (c == '.') afterPoint = true;
-            else if (IsDigit(c)) {
-                mantissa = mantissa * 10 + static_cast<uint64_t>(c - '0');
-                if (mantissa != 0) ++digits;
-                if (afterPoint) ++scale;
-            } else simple = false;  // an exponent
-        }
-        if (simple && digits <= 15 && scale <= 22) {
-            const double v = static_cast<double>(mantissa) / kPow10[scale];
-            return t[start] == '-' ? -v : v;
-        }
+    if (!exponent && digits <= 15 && scale <= 22) {
+        const double v = static_cast<double>(mantissa) / kPow10[scale];
+        return t[start] == '-' ? -v : v;
     }
     size_t from = start;
     if (t[from] == '+') ++from;

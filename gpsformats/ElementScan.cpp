@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/Charset.h"
+#include "core/ScanBytes.h"
 
 namespace ortelix {
 
@@ -30,8 +31,8 @@ inline bool SpellsAt(std::string_view text, size_t at, std::string_view word) {
 // The next "<" in [from, to); npos when none.
 inline size_t NextOpen(std::string_view text, size_t from, size_t to) {
     if (from >= to) return std::string_view::npos;
-    const void* p = std::memchr(text.data() + from, '<', to - from);
-    return p ? static_cast<size_t>(static_cast<const char*>(p) - text.data()) : std::string_view::npos;
+    const char* p = FindByte(text.data() + from, text.data() + to, '<');
+    return p ? static_cast<size_t>(p - text.data()) : std::string_view::npos;
 }
 
 // The next "</tag>" in [from, to).
@@ -188,6 +189,8 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
                 const std::string_view inner = InnerText(text, c);
                 values[i] = inner.data() ? inner : text.substr(c.end, 0);
                 childEnd[i] = c.end;
+                // A child with plain text holds no tag: walk on behind it.
+                if (inner.data() && std::memchr(inner.data(), '<', inner.size()) == nullptr) p = c.next - 1;
             }
             break;
         }

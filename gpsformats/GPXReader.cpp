@@ -6,6 +6,7 @@
 #include "core/FileIO.h"
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
+#include "core/ScanBytes.h"
 #include "core/Session.h"
 #include "gpsformats/ElementScan.h"
 #include "gpsformats/GPX.h"
@@ -91,15 +92,34 @@ bool NameIs(std::string_view t, size_t from, size_t to, std::string_view word) {
     return true;
 }
 
-Present Survey(Doc& d) {
+// The text of a child element whose start-tag name ends at `nameEnd`, when
+// plain text follows its ">" up to the matching closing tag.
+std::string_view PlainChild(std::string_view t, size_t nameEnd, std::string_view name) {
+    const char* gt = FindByte(t.data() + nameEnd, t.data() + t.size(), '>');
+    if (!gt || gt[-1] == '/') return {};
+    const size_t from = static_cast<size_t>(gt - t.data()) + 1;
+    const char* lt = FindByte(t.data() + from, t.data() + t.size(), '<');
+    if (!lt) return {};
+    const size_t to = static_cast<size_t>(lt - t.data());
+    if (to + name.size() + 3 > t.size() || t[to + 1] != '/' || !NameIs(t, to + 2, to + 2 + name.size(), name) ||
+        t[to + 2 + name.size()] != '>')
+        return {};
+    return t.substr(from, to - from);
+}
+
+// One walk over every tag: which outer elements exist, where they close, and,
+// when a session is given, the dates of the track points for the date choice
+// (the first time of each trkpt, the first date of each trp).
+Present Survey(Doc& d, Session* dates = nullptr) {
     Present p;
     Closings& c = d.closings;
+    bool inTrkpt = false, inTrp = false;
     const std::string_view t = d.text;
     size_t pos = 0;
     while (pos < t.size()) {
-        const void* at = std::memchr(t.data() + pos, '<', t.size() - pos);
+        const char* at = FindByte(t.data() + pos, t.data() + t.size(), '<');
         if (!at) break;
-        const size_t open = static_cast<size_t>(static_cast<const char*>(at) - t.data());
+        const size_t open = static_cast<size_t>(at - t.data());
         pos = open + 1;
         const bool closing = pos < t.size() && t[pos] == '/';
         const size_t from = closing ? pos + 1 : pos;
@@ -111,14 +131,28 @@ Present Survey(Doc& d) {
         if (len < 2 || len > 6) continue;
         if (closing) {
             if (end >= t.size() || t[end] != '>') continue;
-            if (NameIs(t, from, end, "trkpt")) continue;  // the common case first
-            if (NameIs(t, from, end, "trkseg")) c.trkseg.push_back(open);
+            if (NameIs(t, from, end, "trkpt")) {  // the common case first
+                inTrkpt = false;
+                continue;
+            }
+            if (NameIs(t, from, end, "trp")) inTrp = false;
+            else if (NameIs(t, from, end, "trkseg")) c.trkseg.push_back(open);
             else if (NameIs(t, from, end, "trk")) c.trk.push_back(open);
             else if (NameIs(t, from, end, "track")) c.track.push_back(open);
             else if (NameIs(t, from, end, "rte")) c.rte.push_back(open);
             else if (NameIs(t, from, end, "route")) c.route.push_back(open);
+        } else if (len == 4 && dates && (inTrkpt || inTrp)) {
+            const char* name = inTrkpt ? "time" : "date";
+            if (NameIs(t, from, end, name)) {
+                NoteDate(*dates, ParseDate(Trim(StripCdata(PlainChild(t, end, name)))));
+                inTrkpt = inTrp = false;  // the first one counts
+            }
+        } else if (len == 5 && NameIs(t, from, end, "trkpt")) {
+            const char* gt = FindByte(t.data() + end, t.data() + t.size(), '>');
+            inTrkpt = gt && gt[-1] != '/';
         } else if (len == 3) {
-            if (NameIs(t, from, end, "trk")) p.trk = true;
+            if (NameIs(t, from, end, "trp")) inTrp = true;
+            else if (NameIs(t, from, end, "trk")) p.trk = true;
             else if (NameIs(t, from, end, "rte")) p.rte = true;
             else if (NameIs(t, from, end, "wpt")) p.wpt = true;
         } else if (len == 5) {
@@ -139,6 +173,7 @@ OptDouble SpeedFromMetresPerSecond(std::string_view text) {
 }
 
 constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time", "sat", "fix"};
+constexpr std::string_view kTimeOnly[] = {"time"};
 
 void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode) {
     const std::string name = d.childText(trk, "name");
@@ -150,17 +185,22 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode)
         if (InnerText(d.text, seg).empty()) continue;
         if (mode == 2 && (s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, name);
         size_t ptPos = seg.begin;
-        while (!s.UserAbort) {
+        while (mode == 1 && !s.UserAbort) {  // only the dates
+            std::string_view c[1];
+            const Element pt = d.point("trkpt", ptPos, seg.end, kTimeOnly, c);
+            if (!pt.found) break;
+            ptPos = pt.next;
+            s.progress();
+            d.passed(ptPos);
+            NoteDate(s, ParseDate(c[0]));
+        }
+        while (mode == 2 && !s.UserAbort) {
             std::string_view c[6];
             const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildren, c);
             if (!pt.found) break;
             ptPos = pt.next;
             s.progress();
             d.passed(ptPos);
-            if (mode == 1) {
-                NoteDate(s, ParseDate(c[3]));
-                continue;
-            }
             TrackPointIn p;
             if (!Position(d, pt, p.lon, p.lat)) continue;
             p.alt = ParseAltitude(c[0]);
@@ -325,9 +365,9 @@ void TrackPasses(Session& s, const Doc& d, const Present& p, int mode) {
 
 void ReadDoc(Session& s, Doc d) {
     if (d.text.empty()) return;
-    const Present p = Survey(d);
-    // A file with points of several days lets the user choose the days.
-    TrackPasses(s, d, p, 1);
+    // A file with points of several days lets the user choose the days: the
+    // survey notes the dates on its way.
+    const Present p = Survey(d, &s);
     AskDates(s);
     TrackPasses(s, d, p, 2);
     ClearDates(s);

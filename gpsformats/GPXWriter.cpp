@@ -1,4 +1,5 @@
 #include <charconv>
+#include <cstring>
 #include <string>
 
 #include "core/Charset.h"
@@ -82,26 +83,51 @@ void GeoPointLines(std::string& out, std::string_view tag, const GeoPoint& p) {
     out += ">\r\n";
 }
 
+// Puts text at p and returns the end.
+char* Put(char* p, std::string_view text) {
+    std::memcpy(p, text.data(), text.size());
+    return p + text.size();
+}
+
+char* PutInt(char* p, long long v) { return std::to_chars(p, p + 24, v).ptr; }
+
+char* PutTwo(char* p, int v) {
+    p[0] = static_cast<char>('0' + v / 10 % 10);
+    p[1] = static_cast<char>('0' + v % 10);
+    return p + 2;
+}
+
+// A track point's lines formed in one buffer: the bulk of a large file.
 void TrackPointLines(std::string& out, const TrackPoint& p) {
-    PointStart(out, "trkpt", p.Lat, p.Lon);
-    Ele(out, p.Alt);
-    TimeLine(out, p.Date_, p.Time_);
-    if (p.Course.has()) {
-        out += "  <course>";
-        Int(out, *p.Course);
-        out += "</course>\r\n";
+    char buf[1400];
+    char* q = Put(buf, "<trkpt lat=\"");
+    q = PutFixed(q, p.Lat, 6);
+    q = Put(q, "\" lon=\"");
+    q = PutFixed(q, p.Lon, 6);
+    q = Put(q, "\">\r\n");
+    if (p.Alt.has()) q = Put(PutInt(Put(q, "  <ele>"), *p.Alt), "</ele>\r\n");
+    if (p.Date_.has()) {
+        const CivilDate c = CivilFromSerial(*p.Date_);
+        const int t = p.Time_.valueOr(0);
+        q = Put(q, "  <time>");
+        q = (c.year >= 0 && c.year < 10000) ? PutTwo(PutTwo(q, c.year / 100), c.year % 100) : PutInt(q, c.year);
+        *q++ = '-';
+        q = PutTwo(q, c.month);
+        *q++ = '-';
+        q = PutTwo(q, c.day);
+        *q++ = 'T';
+        q = PutTwo(q, t / 3600 % 24);
+        *q++ = ':';
+        q = PutTwo(q, t / 60 % 60);
+        *q++ = ':';
+        q = PutTwo(q, t % 60);
+        q = Put(q, "Z</time>\r\n");
     }
-    if (p.Speed.has()) {
-        out += "  <speed>";
-        AppendFixed(out, *p.Speed * 1000.0 / 3600.0, 2);
-        out += "</speed>\r\n";
-    }
-    if (p.Sat.has()) {
-        out += "  <sat>";
-        Int(out, *p.Sat);
-        out += "</sat>\r\n";
-    }
-    out += "</trkpt>\r\n";
+    if (p.Course.has()) q = Put(PutInt(Put(q, "  <course>"), *p.Course), "</course>\r\n");
+    if (p.Speed.has()) q = Put(PutFixed(Put(q, "  <speed>"), *p.Speed * 1000.0 / 3600.0, 2), "</speed>\r\n");
+    if (p.Sat.has()) q = Put(PutInt(Put(q, "  <sat>"), *p.Sat), "</sat>\r\n");
+    q = Put(q, "</trkpt>\r\n");
+    out.append(buf, q);
 }
 
 // The writer works in slices so that a large store never sits twice in memory.

@@ -301,3 +301,32 @@ TEST_F(GPX, CommandTableFindsGpxByNameAndExtension) {
 
 }  // namespace
 }  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The dates of a file are offered once, from the first time of each point;
+// only the chosen days are read.
+TEST(GPXDates, SeveralDaysAreOfferedAndOnlyTheChosenRead) {
+    FakePlatform platform;
+    Session s(platform);
+    s.options.List[7] = 1;
+    platform.dateAnswer = {false, true};
+    ReadGPXText(s, "<gpx><trk><trkseg>"
+                   "<trkpt lat=\"1\" lon=\"1\"><time>2006-02-16T10:00:00Z</time></trkpt>"
+                   "<trkpt lat=\"2\" lon=\"2\"><TIME><![CDATA[2006-02-17T10:00:00Z]]></TIME><time>2007-01-01T00:00:00Z</time></trkpt>"
+                   "<trkpt lat=\"3\" lon=\"3\"/>"
+                   "<trkpt lat=\"4\" lon=\"4\"><time>2006-02-16T11:00:00Z</time></trkpt>"
+                   "</trkseg></trk><track><trp><lon>5</lon><lat>5</lat><date>17.02.2006</date></trp></track></gpx>");
+    ASSERT_EQ(platform.datesAsked.size(), 2u);
+    ASSERT_EQ(s.store.Tracks.size(), 2u);
+    ASSERT_EQ(s.store.Tracks[0].Points.size(), 2u);  // the 17th, and the point without a time
+    EXPECT_EQ(s.store.Tracks[0].Points[0].Lat, 2);
+    EXPECT_EQ(s.store.Tracks[0].Points[1].Lat, 3);
+    EXPECT_EQ(s.store.Tracks[1].Points.size(), 1u);
+    EXPECT_EQ(s.store.SkippedTrackPoints, 2);
+    EXPECT_TRUE(s.dates.Dates.empty());  // cleared after the read
+}
+
+}  // namespace
+}  // namespace ortelix
