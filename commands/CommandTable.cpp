@@ -1,6 +1,7 @@
 #include "commands/CommandTable.h"
 
 #include "appformats/ModOzi.h"
+#include "commands/LineReaders.h"
 #include "commands/CommandRun.h"
 #include "gpsformats/GPX.h"
 
@@ -74,13 +75,13 @@ const std::vector<Command>& CommandTable() {
         {"MnEinMN4Wp", "Ziele, Routen als Waypoint", "MenEingang/Mobile Navigator 4.2", R, nullptr, nullptr, nullptr, "", nullptr},
         {"MenEinMN4Route", "Routen", "MenEingang/Mobile Navigator 4.2", R, nullptr, nullptr, nullptr, "", nullptr},
         {"MenEinOziTrack", "Track", "MenEingang/OziExplorer", R, "OziExplorer Tracks auswählen",
-         "Ozi Track (*.plt)|*.plt|Alle Dateien (*.*)|*.*", OziTrackLesen, "plt", "ozi-plt", "plt"},
+         "Ozi Track (*.plt)|*.plt|Alle Dateien (*.*)|*.*", [](Session& s, const std::string& p) { ReadTrackFile(s, p, 4); }, "plt", "ozi-plt", "plt"},
         {"MenEinOziRoute", "Route", "MenEingang/OziExplorer", R, "OziExplorer Routen auswählen",
-         "Ozi Route (*.rte)|*.rte|Alle Dateien (*.*)|*.*", OziRouteLesen, "rte", "ozi-rte", "rte"},
+         "Ozi Route (*.rte)|*.rte|Alle Dateien (*.*)|*.*", [](Session& s, const std::string& p) { ReadRouteFile(s, p, 4); }, "rte", "ozi-rte", "rte"},
         {"MenEinOzCEiRoute", "Route OziCE", "MenEingang/OziExplorer", R, "OziCE Routen auswählen",
-         "OziCE Route (*.rt2)|*.rt2|Alle Dateien (*.*)|*.*", OziCERouteLesen, "rt2", "ozi-rt2", "rt2"},
+         "OziCE Route (*.rt2)|*.rt2|Alle Dateien (*.*)|*.*", [](Session& s, const std::string& p) { ReadRouteFile(s, p, 6); }, "rt2", "ozi-rt2", "rt2"},
         {"MenEinOziWayPoint", "Waypoint", "MenEingang/OziExplorer", R, "OziExplorer  WayPoints auswählen",
-         "Ozi WayPoint (*.wpt)|*.wpt|Alle Dateien (*.*)|*.*", OziWegepunkteLesen, "wpt", "ozi-wpt", "wpt"},
+         "Ozi WayPoint (*.wpt)|*.wpt|Alle Dateien (*.*)|*.*", [](Session& s, const std::string& p) { ReadWayPointFile(s, p, 4); }, "wpt", "ozi-wpt", "wpt"},
         {"MenEinOziMapInfos", "Map Infos", "MenEingang/OziExplorer", R, "OziExplorer Map-Datei auswählen",
          "Ozi Kalibrierungsdateien (*.map)|*.map|Alle Kalibrierungsdateien im Ordner (*.map)|*.map",
          OziMapEinlesenAuswahl, "", nullptr},

@@ -6,6 +6,8 @@
 
 #include "appformats/ModOzi.h"
 #include "commands/CommandTable.h"
+#include "commands/LineReaders.h"
+#include "core/FileIO.h"
 #include "core/ModulArray.h"
 
 namespace ortelix {
@@ -14,17 +16,16 @@ namespace {
 using OziCommands = OziTest;
 
 TEST_F(OziCommands, TableRowsReachTheReadersAndWriters) {
-    EXPECT_EQ(FindFormat("ozi-plt", CommandKind::Read)->run, &OziTrackLesen);
-    EXPECT_EQ(FindFormat("plt", CommandKind::Read)->run, &OziTrackLesen);
+    EXPECT_EQ(FindFormat("ozi-plt", CommandKind::Read), FindFormat("plt", CommandKind::Read));
     EXPECT_EQ(FindFormat("ozi-plt", CommandKind::Write)->run, &OziTrackDateienSchreiben);
     EXPECT_EQ(FindFormat("wpt", CommandKind::Write)->run, &OziWegepunkteSchreiben);
     EXPECT_EQ(FindFormat("ozi-rte", CommandKind::Write)->run, &OziRouteSchreiben);
     EXPECT_EQ(FindFormat("rt2", CommandKind::Write)->run, &OziCERouteDateienSchreiben);
     EXPECT_EQ(FindFormat("ozi", CommandKind::Write)->run, &OziExportieren);
-    EXPECT_EQ(BatchReader("plt")->run, &OziTrackLesen);
-    EXPECT_EQ(BatchReader("rte")->run, &OziRouteLesen);
-    EXPECT_EQ(BatchReader("rt2")->run, &OziCERouteLesen);
-    EXPECT_EQ(BatchReader("wpt")->run, &OziWegepunkteLesen);
+    EXPECT_EQ(BatchReader("plt"), FindCommand("MenEinOziTrack"));
+    EXPECT_EQ(BatchReader("rte"), FindCommand("MenEinOziRoute"));
+    EXPECT_EQ(BatchReader("rt2"), FindCommand("MenEinOzCEiRoute"));
+    EXPECT_EQ(BatchReader("wpt"), FindCommand("MenEinOziWayPoint"));
     EXPECT_EQ(BatchReader("map"), nullptr);
     EXPECT_STREQ(FindCommand("MenEinOziWayPoint")->title, "OziExplorer  WayPoints auswählen");
     EXPECT_STREQ(FindCommand("MenEinOziTrack")->filter, "Ozi Track (*.plt)|*.plt|Alle Dateien (*.*)|*.*");
@@ -127,6 +128,28 @@ TEST_F(OziCommandLine, OziMapWritesTheCalibrationBesideThePicture) {
     EXPECT_EQ(Ortelix("ozi-map '" + path("x.png") + "' 8 51 9 50 10 zehn", &out), 2);
     EXPECT_EQ(Ortelix("ozi-map '" + path("x.png") + "' 8 51 9 50 10 10 --meridian", &out), 2);
     EXPECT_FALSE(exists("x.map"));
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The read rows go through the line readers with the OziExplorer format;
+// formats not built yet say so instead of reading anything.
+TEST_F(OziTest, ReadRowsUseTheLineReadersByFormat) {
+    write("t.plt", "OziExplorer Track Point File Version 2.1\r\nWGS 84\r\nAltitude is in Feet\r\nReserved 3\r\n"
+                   "0,2,255,t,0,0,2,8421376\r\n2\r\n  48.100000,  11.500000,0,328,,,\r\n"
+                   "  48.200000,  11.600000,0,-777,,,\r\n");
+    FindCommand("MenEinOziTrack")->run(*session, path("t.plt"));
+    ASSERT_EQ(store().Tracks.size(), 1u);
+    ASSERT_EQ(store().Tracks[0].Points.size(), 2u);
+    EXPECT_EQ(store().Tracks[0].Points[1].Lon, 11.6);
+    EXPECT_THROW(ReadTrackFile(*session, path("t.plt"), 5), FileError);
+    EXPECT_THROW(ReadRouteFile(*session, path("t.plt"), 7), FileError);
+    EXPECT_THROW(ReadWayPointFile(*session, path("t.plt"), 1), FileError);
+    EXPECT_EQ(store().Tracks[0].Points.size(), 2u);
 }
 
 }  // namespace
