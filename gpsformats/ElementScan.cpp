@@ -48,9 +48,9 @@ size_t FindClose(std::string_view text, std::string_view tag, size_t from, size_
 Element Complete(std::string_view text, std::string_view tag, size_t behind, size_t scopeEnd) {
     Element e;
     e.next = text.size();
-    const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+    const char* gtp = FindByte(text.data() + behind, text.data() + scopeEnd, '>');
     if (gtp) {
-        const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+        const size_t gt = static_cast<size_t>(gtp - text.data());
         if (gt > behind && text[gt - 1] == '/') {  // <tag .../>
             e.begin = behind;
             e.end = gt + 1;
@@ -117,11 +117,11 @@ Element GetElementIndexed(std::string_view text, std::string_view tag, size_t st
         const size_t behind = at + 1 + tag.size();
         if (behind >= scopeEnd) break;
         if (!SpellsAt(text, at + 1, tag) || !Delimiter(text[behind])) continue;
-        const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+        const char* gtp = FindByte(text.data() + behind, text.data() + scopeEnd, '>');
         const auto cut = std::lower_bound(closings.begin(), closings.end(), behind);
         const size_t close = cut == closings.end() ? std::string_view::npos : *cut;
         if (gtp) {
-            const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+            const size_t gt = static_cast<size_t>(gtp - text.data());
             if (gt > behind && text[gt - 1] == '/' && (close == std::string_view::npos || gt < close)) {
                 e.begin = behind;
                 e.end = e.next = gt + 1;
@@ -153,9 +153,9 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
     }
     if (at == std::string_view::npos) return e;
     const size_t behind = at + 1 + tag.size();
-    const void* gtp = std::memchr(text.data() + behind, '>', scopeEnd - behind);
+    const char* gtp = FindByte(text.data() + behind, text.data() + scopeEnd, '>');
     if (!gtp) return e;
-    const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+    const size_t gt = static_cast<size_t>(gtp - text.data());
     if (gt > behind && text[gt - 1] == '/') {  // <tag .../> has no children
         e.begin = behind;
         e.end = e.next = gt + 1;
@@ -190,7 +190,7 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
                 values[i] = inner.data() ? inner : text.substr(c.end, 0);
                 childEnd[i] = c.end;
                 // A child with plain text holds no tag: walk on behind it.
-                if (inner.data() && std::memchr(inner.data(), '<', inner.size()) == nullptr) p = c.next - 1;
+                if (inner.data() && FindByte(inner.data(), inner.data() + inner.size(), '<') == nullptr) p = c.next - 1;
             }
             break;
         }
@@ -201,16 +201,16 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
 
 std::string_view InnerText(std::string_view text, const Element& e) {
     if (!e.found) return {};
-    const void* gtp = std::memchr(text.data() + e.begin, '>', e.end - e.begin);
+    const char* gtp = FindByte(text.data() + e.begin, text.data() + e.end, '>');
     if (!gtp) return {};
-    const size_t gt = static_cast<size_t>(static_cast<const char*>(gtp) - text.data());
+    const size_t gt = static_cast<size_t>(gtp - text.data());
     return text.substr(gt + 1, e.end - gt - 1);
 }
 
 std::string_view StartTag(std::string_view text, const Element& e) {
     if (!e.found) return {};
-    const void* gtp = std::memchr(text.data() + e.begin, '>', e.end - e.begin);
-    const size_t gt = gtp ? static_cast<size_t>(static_cast<const char*>(gtp) - text.data()) : e.end;
+    const char* gtp = FindByte(text.data() + e.begin, text.data() + e.end, '>');
+    const size_t gt = gtp ? static_cast<size_t>(gtp - text.data()) : e.end;
     return text.substr(e.begin, gt - e.begin);
 }
 

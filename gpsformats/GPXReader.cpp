@@ -123,6 +123,10 @@ Present Survey(Doc& d, Session* dates = nullptr) {
         pos = open + 1;
         const bool closing = pos < t.size() && t[pos] == '/';
         const size_t from = closing ? pos + 1 : pos;
+        // Every name of interest starts with d, r, t or w: most tags end here.
+        if (from >= t.size()) break;
+        const char first = static_cast<char>(t[from] | 0x20);
+        if (first != 't' && first != 'r' && first != 'w' && first != 'd') continue;
         size_t end = from;
         while (end < t.size() && end - from < 7 && t[end] != ' ' && t[end] != '>' && t[end] != '/' && t[end] != '\t' &&
                t[end] != '\r' && t[end] != '\n')
