@@ -1,5 +1,7 @@
 #include "coordinates/Entfernung.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "coordinates/Constants.h"
@@ -18,6 +20,47 @@ constexpr double kNear = 0.999995;                  // cosine below which points
 constexpr double kLonPerMetre = 0.01400112 / 1000;
 constexpr double kLatPerMetre = 0.00898861 / 1000;
 
+// The course in whole degrees as the arc tangent gives it.
+double AzimutExact(double ux, double uy, double dx, double dy) {
+    const double q = std::fabs(std::atan(ux / uy));
+    double a;
+    if (dx < 0 && dy < 0) a = kPi + q;
+    else if (dy < 0) a = kPi - q;
+    else if (dx < 0) a = 6.28318530717958 - q;
+    else a = q;
+    return std::floor(a * 180 / kPi);
+}
+
+// tan(k degrees) for k = 0..90, with the program's pi: the bounds between
+// whole degrees of the arc tangent.
+const std::array<double, 91>& TanTable() {
+    static const std::array<double, 91> table = [] {
+        std::array<double, 91> t{};
+        for (int k = 0; k <= 90; ++k) t[static_cast<size_t>(k)] = std::tan(k * kPi / 180);
+        return t;
+    }();
+    return table;
+}
+
+// The whole degrees of the course: found among the table's bounds, which is
+// exact unless the ratio lies within a hair of a bound; then the arc tangent
+// decides as it always did.
+double AzimutDegrees(double ux, double uy, double dx, double dy) {
+    const double r = std::fabs(ux / uy);
+    const auto& t = TanTable();
+    const double margin = 1e-9 * (1 + r * r);  // about 1e-9 radians of course
+    if (!(r < t[90] - margin)) return AzimutExact(ux, uy, dx, dy);
+    const size_t k = static_cast<size_t>(std::upper_bound(t.begin(), t.end(), r) - t.begin()) - 1;
+    if (r - t[k] <= margin || t[k + 1] - r <= margin) return AzimutExact(ux, uy, dx, dy);
+    const double whole = static_cast<double>(k);
+    if (dx < 0 && dy < 0) return 180 + whole;
+    if (dy < 0) return 179 - whole;
+    if (dx < 0) return 359 - whole;
+    return whole;
+}
+
+}  // namespace
+
 double Azimut(double lon1, double lat1, double lon2, double lat2, double current) {
     const double dx = (lon2 - lon1) / kLonPerMetre;
     const double dy = (lat2 - lat1) / kLatPerMetre;
@@ -30,15 +73,10 @@ double Azimut(double lon1, double lat1, double lon2, double lat2, double current
         if (dx < 0) return 270;
         return current;
     }
-    const double q = std::fabs(std::atan(ux / uy));
-    double a;
-    if (dx < 0 && dy < 0) a = kPi + q;
-    else if (dy < 0) a = kPi - q;
-    else if (dx < 0) a = 6.28318530717958 - q;
-    else a = q;
-    return std::floor(a * 180 / kPi);
+    return AzimutDegrees(ux, uy, dx, dy);
 }
 
+namespace {
 }  // namespace
 
 // Measured against geod -I +ellps=WGS84 over Germany (bench/coord-accuracy.sh):
@@ -74,6 +112,25 @@ double Entfernung(double lon1, double lat1, double lon2, double lat2) {
         D = std::sqrt(x * x + y * y) * kMeanRadius;
     }
     return D * 1000;
+}
+
+bool WeiterAls(double lon1, double lat1, double lon2, double lat2, double metres) {
+    const double p1 = lat1 * kRad, p2 = lat2 * kRad;
+    const double l1 = lon1 * kRad, l2 = lon2 * kRad;
+    const double mid = (p1 + p2) / 2;
+    if (!(std::fabs(p2 - p1) + std::fabs(l2 - l1) < 0.0025) || !(std::fabs(mid) < 1.4))
+        return Entfernung(lon1, lat1, lon2, lat2) > metres;
+    // The near plane with a cosine by its series (error below 2e-9 up to 1.4
+    // radians): the distance is then right to 1e-8, and only a distance within
+    // 1e-6 of the limit needs the exact cosine.
+    const double z = mid * mid;
+    const double c =
+        1 + z * (-1.0 / 2 + z * (1.0 / 24 + z * (-1.0 / 720 + z * (1.0 / 40320 + z * (-1.0 / 3628800 + z / 479001600)))));
+    const double x = (l2 - l1) * c;
+    const double y = p2 - p1;
+    const double d = std::sqrt(x * x + y * y) * kMeanRadius * 1000;
+    if (std::fabs(d - metres) <= 1e-6 * metres + 1e-9) return Entfernung(lon1, lat1, lon2, lat2) > metres;
+    return d > metres;
 }
 
 double Entfernung(double lon1, double lat1, double lon2, double lat2, double& azimut) {

@@ -11,6 +11,12 @@ namespace ortelix {
 double Entfernung(double lon1, double lat1, double lon2, double lat2, double& azimut);
 // The same without the course.
 double Entfernung(double lon1, double lat1, double lon2, double lat2);
+// The course alone, as Entfernung gives it in azimut ("current" when the
+// points are less than a metre apart).
+double Azimut(double lon1, double lat1, double lon2, double lat2, double current);
+// Entfernung(...) > metres, decided without the exact cosine unless the
+// distance lies within a hair of the limit: the same answer, quicker.
+bool WeiterAls(double lon1, double lat1, double lon2, double lat2, double metres);
 
 // The point at a course (degrees) and a distance (metres).
 void PunktVersetzen(double lon, double lat, double& lon2, double& lat2, double azimut, double strecke);

@@ -35,14 +35,10 @@ int64_t TrackStats(TrackStatState& st, TrackPoint& p, bool firstOfTrack, int64_t
     st.LastLon = p.Lon;
     st.LastLat = p.Lat;
 
-    double course = std::numeric_limits<double>::quiet_NaN();
-    const double fromAnchor = Entfernung(st.AnchorLon, st.AnchorLat, p.Lon, p.Lat, course);
-    if (std::isnan(course)) {
-        course = 0;
-        Entfernung(lastLon, lastLat, p.Lon, p.Lat, course);
-    }
+    double course = Azimut(st.AnchorLon, st.AnchorLat, p.Lon, p.Lat, std::numeric_limits<double>::quiet_NaN());
+    if (std::isnan(course)) course = Azimut(lastLon, lastLat, p.Lon, p.Lat, 0);
     int64_t pause = 0;
-    if (fromAnchor > kStandStillMetres) {
+    if (WeiterAls(st.AnchorLon, st.AnchorLat, p.Lon, p.Lat, kStandStillMetres)) {
         const int64_t stayed = moment - st.AnchorMoment;
         if (stayed > kPauseSeconds) {
             pause = stayed;

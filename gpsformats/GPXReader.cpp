@@ -165,7 +165,6 @@ Present Survey(Doc& d, Session* dates = nullptr) {
         } else if (len == 2 && NameIs(t, from, end, "wp")) {
             p.wp = true;
         }
-        d.passed(pos);
     }
     return p;
 }

@@ -115,3 +115,64 @@ TEST(Entfernung, ShortStepsGiveTheSameBitsAsTheFullTest) {
 
 }  // namespace
 }  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The course as the arc tangent defines it, for comparison.
+double AzimutReference(double lon1, double lat1, double lon2, double lat2, double current) {
+    const double pi = 3.14159265358979;
+    const double dx = (lon2 - lon1) / (0.01400112 / 1000);
+    const double dy = (lat2 - lat1) / (0.00898861 / 1000);
+    const double d = std::floor(std::sqrt(dx * dx + dy * dy));
+    if (d == 0) return current;
+    const double ux = dx / d, uy = dy / d;
+    if (uy == 0) return dx > 0 ? 90 : dx < 0 ? 270 : current;
+    const double q = std::fabs(std::atan(ux / uy));
+    double a;
+    if (dx < 0 && dy < 0) a = pi + q;
+    else if (dy < 0) a = pi - q;
+    else if (dx < 0) a = 6.28318530717958 - q;
+    else a = q;
+    return std::floor(a * 180 / pi);
+}
+
+// The table of whole degrees must give the arc tangent's answer everywhere,
+// on the bounds between degrees too.
+TEST(Entfernung, CourseByTableEqualsTheArcTangent) {
+    std::mt19937_64 rng(11);
+    std::uniform_real_distribution<double> lat(-60, 60), lon(-170, 170), step(-0.02, 0.02), deg(0, 360);
+    for (int i = 0; i < 200000; ++i) {
+        const double a = lon(rng), b = lat(rng);
+        double c, d;
+        if (i % 2 == 0) {
+            c = a + step(rng);
+            d = b + step(rng);
+        } else {  // exactly on a whole degree, as the metres-per-degree factors see it
+            const double course = std::floor(deg(rng)) * 3.14159265358979 / 180;
+            const double metres = 10 + 1000 * (rng() % 100) / 100.0;
+            c = a + std::sin(course) * metres * (0.01400112 / 1000);
+            d = b + std::cos(course) * metres * (0.00898861 / 1000);
+        }
+        ASSERT_EQ(Azimut(a, b, c, d, -1), AzimutReference(a, b, c, d, -1)) << a << " " << b << " " << c << " " << d;
+    }
+    EXPECT_EQ(Azimut(10, 50, 10, 50, 7), 7);
+    EXPECT_EQ(Azimut(10, 50, 10.1, 50, 7), 90);
+}
+
+// The quick limit test answers as the distance does, right at the limit too.
+TEST(Entfernung, LimitTestAgreesWithTheDistance) {
+    std::mt19937_64 rng(12);
+    std::uniform_real_distribution<double> lat(-85, 85), lon(-180, 180), course(0, 6.283), jitter(-1e-7, 1e-7);
+    for (int i = 0; i < 200000; ++i) {
+        const double a = lon(rng), b = lat(rng), k = course(rng);
+        // points about 100 m away, some a hair on either side of the limit
+        const double m = 100 + (i % 3 == 0 ? jitter(rng) : (static_cast<double>(rng() % 2000) - 1000) / 10);
+        const double c = a + std::sin(k) * m / (111194.9 * std::cos(b * 0.0174532925));
+        const double d = b + std::cos(k) * m / 111194.9;
+        ASSERT_EQ(WeiterAls(a, b, c, d, 100), Entfernung(a, b, c, d) > 100) << a << " " << b << " " << c << " " << d;
+    }
+}
+
+}  // namespace
+}  // namespace ortelix
