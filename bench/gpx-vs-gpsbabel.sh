@@ -1,29 +1,37 @@
 #!/usr/bin/env bash
 # Converts the same large GPX file with ortelix and with gpsbabel and prints
-# both times, their ratio and both peak resident sizes.
-# Usage: bench/gpx-vs-gpsbabel.sh BUILD_DIR [POINTS]
+# both times, their ratio and both peak resident sizes. The machine's speed
+# drifts, so the two programs take turns, RUNS times each, and the medians
+# are compared: wall-clock and CPU (user + system) time.
+# Usage: bench/gpx-vs-gpsbabel.sh BUILD_DIR [POINTS] [RUNS]
 set -euo pipefail
 build=${1:-build-bench}
 points=${2:-1000000}
+runs=${3:-3}
 here=$(cd "$(dirname "$0")" && pwd)
 work=${BENCH_DIR:-$here/out}
 mkdir -p "$work"
 big=$work/big-$points.gpx
 [ -f "$big" ] || python3 "$here/make-big-gpx.py" "$big" "$points"
 
-measure() {  # label, command...: prints "seconds peak_kb"
-  local log=$work/time-$1.txt; shift
-  /usr/bin/time -v "$@" >/dev/null 2>"$log"
-  local wall rss
-  wall=$(awk -F': ' '/Elapsed \(wall clock\)/ {print $2}' "$log")
-  rss=$(awk -F': ' '/Maximum resident set size/ {print $2}' "$log")
-  # h:mm:ss or m:ss.ss -> seconds
-  echo "$(echo "$wall" | awk -F: '{s=0; for(i=1;i<=NF;i++) s=s*60+$i; print s}') $rss"
+run() {  # label, command...: appends "wall cpu peak_kb" to $work/times-LABEL
+  local label=$1; shift
+  /usr/bin/time -f "%e %U %S %M" -o "$work/last-time" "$@" >/dev/null 2>&1
+  awk '{ printf "%s %.2f %s\n", $1, $2 + $3, $4 }' "$work/last-time" >>"$work/times-$label"
+}
+median() {  # file, column
+  sort -n -k"$2" "$1" | awk -v c="$2" '{ v[NR] = $c } END { print v[int((NR + 1) / 2)] }'
 }
 
-read -r ot orss < <(measure ortelix "$build/ortelix" convert "$big" "$work/out-ortelix.gpx")
-read -r gt grss < <(measure gpsbabel gpsbabel -t -i gpx -f "$big" -o gpx -F "$work/out-gpsbabel.gpx")
-echo "file:      $big ($(du -m "$big" | cut -f1) MB, $points points)"
-echo "ortelix:   ${ot} s, peak RSS $((orss / 1024)) MB"
-echo "gpsbabel:  ${gt} s, peak RSS $((grss / 1024)) MB"
-awk -v o="$ot" -v g="$gt" 'BEGIN { if (o > 0) printf "ratio:     gpsbabel/ortelix = %.1f\n", g / o }'
+rm -f "$work/times-ortelix" "$work/times-gpsbabel"
+for _ in $(seq "$runs"); do
+  run ortelix "$build/ortelix" convert "$big" "$work/out-ortelix.gpx"
+  run gpsbabel gpsbabel -t -i gpx -f "$big" -o gpx -F "$work/out-gpsbabel.gpx"
+done
+ow=$(median "$work/times-ortelix" 1); oc=$(median "$work/times-ortelix" 2); orss=$(median "$work/times-ortelix" 3)
+gw=$(median "$work/times-gpsbabel" 1); gc=$(median "$work/times-gpsbabel" 2); grss=$(median "$work/times-gpsbabel" 3)
+echo "file:      $big ($(du -m "$big" | cut -f1) MB, $points points), median of $runs runs each"
+echo "ortelix:   ${ow} s wall, ${oc} s CPU, peak RSS $((orss / 1024)) MB"
+echo "gpsbabel:  ${gw} s wall, ${gc} s CPU, peak RSS $((grss / 1024)) MB"
+awk -v ow="$ow" -v oc="$oc" -v gw="$gw" -v gc="$gc" \
+  'BEGIN { printf "ratio:     gpsbabel/ortelix = %.1f (wall), %.1f (CPU)\n", gw / ow, gc / oc }'

@@ -9,6 +9,7 @@
 
 #include "core/Charset.h"
 #include "core/FixedDecimals.h"
+#include "core/ScanBytes.h"
 
 namespace ortelix {
 
@@ -333,6 +334,8 @@ std::string FromUtf8(std::string_view text) {
 }
 
 std::string_view StripCdata(std::string_view text) {
+    // Nearly every value is plain text without any "<".
+    if (!FindByte(text.data(), text.data() + text.size(), '<')) return text;
     const size_t open = text.find("<![CDATA[");
     if (open == std::string_view::npos) return text;
     const size_t from = open + 9;

@@ -184,6 +184,20 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
         const size_t len = nameEnd - p - 1;
         for (size_t i = 0; i < count && i < 16; ++i) {
             if (values[i].data() || names[i].size() != len || !SpellsAt(text, p + 1, names[i])) continue;
+            // The usual child: plain text straight up to its own closing tag.
+            const char* gt = FindByte(text.data() + nameEnd, text.data() + scopeEnd, '>');
+            if (gt && gt[-1] != '/') {
+                const size_t from = static_cast<size_t>(gt - text.data()) + 1;
+                const char* lt = FindByte(text.data() + from, text.data() + scopeEnd, '<');
+                const size_t close = lt ? static_cast<size_t>(lt - text.data()) : scopeEnd;
+                if (lt && close + len + 3 <= scopeEnd && text[close + 1] == '/' && SpellsAt(text, close + 2, names[i]) &&
+                    text[close + 2 + len] == '>') {
+                    values[i] = text.substr(from, close - from);
+                    childEnd[i] = close;
+                    p = close + len + 2;  // the walk goes on behind the closing tag
+                    break;
+                }
+            }
             const Element c = Complete(text, names[i], nameEnd, scopeEnd);
             if (c.found) {
                 const std::string_view inner = InnerText(text, c);
