@@ -240,8 +240,9 @@ std::string_view AttributeValue(std::string_view tag, std::string_view name, boo
         ++p;
         while (p < tag.size() && tag[p] == ' ') ++p;
         if (p >= tag.size() || (tag[p] != '"' && tag[p] != '\'')) return {};
-        const size_t endq = tag.find(tag[p], p + 1);
-        if (endq == std::string_view::npos) return {};
+        const char* q = FindByte(tag.data() + p + 1, tag.data() + tag.size(), tag[p]);
+        if (!q) return {};
+        const size_t endq = static_cast<size_t>(q - tag.data());
         found = true;
         return tag.substr(p + 1, endq - p - 1);
     }

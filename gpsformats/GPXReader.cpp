@@ -114,6 +114,7 @@ Present Survey(Doc& d, Session* dates = nullptr) {
     Present p;
     Closings& c = d.closings;
     bool inTrkpt = false, inTrp = false;
+    std::string_view lastDay;
     const std::string_view t = d.text;
     size_t pos = 0;
     while (pos < t.size()) {
@@ -148,7 +149,12 @@ Present Survey(Doc& d, Session* dates = nullptr) {
         } else if (len == 4 && dates && (inTrkpt || inTrp)) {
             const char* name = inTrkpt ? "time" : "date";
             if (NameIs(t, from, end, name)) {
-                NoteDate(*dates, ParseDate(Trim(StripCdata(PlainChild(t, end, name)))));
+                // Points come in runs of one day: a text seen just before is noted already.
+                const std::string_view when = Trim(StripCdata(PlainChild(t, end, name)));
+                if (when.empty() || when.substr(0, 10) != lastDay) {
+                    lastDay = when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
+                    NoteDate(*dates, ParseDate(when));
+                }
                 inTrkpt = inTrp = false;  // the first one counts
             }
         } else if (len == 5 && NameIs(t, from, end, "trkpt")) {
