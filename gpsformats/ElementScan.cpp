@@ -230,21 +230,23 @@ std::string_view StartTag(std::string_view text, const Element& e) {
 
 std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found) {
     found = false;
-    for (size_t at = 0; at + name.size() <= tag.size(); ++at) {
+    const char* const begin = tag.data();
+    const char* const end = begin + tag.size();
+    // Each "=" in turn: is the word before it (blanks allowed) the name?
+    for (const char* eq = FindByte(begin, end, '='); eq; eq = FindByte(eq + 1, end, '=')) {
+        size_t at = static_cast<size_t>(eq - begin);
+        while (at > 0 && tag[at - 1] == ' ') --at;
+        if (at < name.size()) continue;
+        at -= name.size();
         if (!SpellsAt(tag, at, name)) continue;
-        const bool startsWord = at == 0 || tag[at - 1] == ' ' || tag[at - 1] == '\t' || tag[at - 1] == '\r' ||
-                                tag[at - 1] == '\n';
-        size_t p = at + name.size();
-        while (p < tag.size() && tag[p] == ' ') ++p;
-        if (!startsWord || p >= tag.size() || tag[p] != '=') continue;
-        ++p;
+        if (at > 0 && tag[at - 1] != ' ' && tag[at - 1] != '\t' && tag[at - 1] != '\r' && tag[at - 1] != '\n') continue;
+        size_t p = static_cast<size_t>(eq - begin) + 1;
         while (p < tag.size() && tag[p] == ' ') ++p;
         if (p >= tag.size() || (tag[p] != '"' && tag[p] != '\'')) return {};
-        const char* q = FindByte(tag.data() + p + 1, tag.data() + tag.size(), tag[p]);
+        const char* q = FindByte(begin + p + 1, end, tag[p]);
         if (!q) return {};
-        const size_t endq = static_cast<size_t>(q - tag.data());
         found = true;
-        return tag.substr(p + 1, endq - p - 1);
+        return tag.substr(p + 1, static_cast<size_t>(q - begin) - p - 1);
     }
     return {};
 }

@@ -14,6 +14,7 @@
 #include "core/ReadFilter.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "gpsformats/ElementScan.h"
 #include "gpsformats/GPX.h"
 
 namespace fs = std::filesystem;
@@ -326,6 +327,26 @@ TEST(GPXDates, SeveralDaysAreOfferedAndOnlyTheChosenRead) {
     EXPECT_EQ(s.store.Tracks[1].Points.size(), 1u);
     EXPECT_EQ(s.store.SkippedTrackPoints, 2);
     EXPECT_TRUE(s.dates.Dates.empty());  // cleared after the read
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+TEST(GPXAttributes, FoundAsWordsBeforeAnEqualsSign) {
+    bool found = false;
+    EXPECT_EQ(AttributeValue(" lat=\"48.5\" lon = '11'", "lon", found), "11");
+    EXPECT_TRUE(found);
+    EXPECT_EQ(AttributeValue(" LAT=\"1\"", "lat", found), "1");
+    EXPECT_EQ(AttributeValue(" xlat=\"1\" lat=\"2\"", "lat", found), "2");  // a longer name is another attribute
+    EXPECT_EQ(AttributeValue(" lat=2 lat=\"3\"", "lat", found), "");      // the first is unquoted: no value
+    EXPECT_FALSE(found);
+    EXPECT_EQ(AttributeValue(" lon=\"1\"", "lat", found), "");
+    EXPECT_FALSE(found);
+    EXPECT_EQ(AttributeValue(" lat=\"open", "lat", found), "");
+    EXPECT_FALSE(found);
 }
 
 }  // namespace
