@@ -30,12 +30,24 @@ char* Fast(char* p, double value, int decimals) {
     if (rest > half || (rest == half && (q & 1))) ++q;
     auto whole = static_cast<uint64_t>(q);
     if (value < 0 && whole != 0) *p++ = '-';
+    // Digits from the right, two at a time.
+    static constexpr char kPairs[] =
+        "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+        "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+        "8081828384858687888990919293949596979899";
     char digits[24];
     int n = 0;
+    while (whole >= 100) {
+        const auto pair = static_cast<size_t>(whole % 100) * 2;
+        whole /= 100;
+        digits[n++] = kPairs[pair + 1];
+        digits[n++] = kPairs[pair];
+    }
     do {
         digits[n++] = static_cast<char>('0' + whole % 10);
         whole /= 10;
-    } while (whole != 0 || n < decimals + 1);  // at least one digit before the point
+    } while (whole != 0);
+    while (n < decimals + 1) digits[n++] = '0';  // at least one digit before the point
     for (int i = n - 1; i >= decimals; --i) *p++ = digits[i];
     if (decimals > 0) {
         *p++ = '.';

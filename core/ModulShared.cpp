@@ -420,8 +420,8 @@ Time ParseClock(std::string_view t) {
 }
 
 Time ParseTime(std::string_view text) {
-    const size_t mark = text.find_first_of("tT");
-    if (mark != std::string_view::npos) return ParseClock(text.substr(mark + 1, 8));
+    for (size_t mark = 0; mark < text.size(); ++mark)
+        if ((text[mark] | 0x20) == 't') return ParseClock(text.substr(mark + 1, 8));
     return ParseClock(text);
 }
 

@@ -26,7 +26,7 @@ struct Closings {
 struct Doc {
     std::string_view text;
     const MappedFile* map = nullptr;
-    Closings closings;
+    Closings closings{};
 
     Element outer(std::string_view tag, const std::vector<size_t>& at, size_t from, size_t to) const {
         return GetElementIndexed(text, tag, from, to, at);
