@@ -236,14 +236,7 @@ void OziMapEinlesen(Session& s, const std::string& fileOrFolder) {
         AddMapArea(s, fileOrFolder);
         return;
     }
-    std::vector<std::string> maps;
-    for (const auto& e : fs::directory_iterator(fileOrFolder, ec)) {
-        std::string ext = e.path().extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext == ".map" && e.is_regular_file(ec)) maps.push_back(e.path().string());
-    }
-    std::sort(maps.begin(), maps.end());  // the listing's order is the system's; keep it stable
-    for (const std::string& m : maps) {
+    for (const std::string& m : FilesWithExtension(fileOrFolder, "map")) {
         if (s.UserAbort) break;
         s.store.StatusText.set("Lese Map-Datei");
         AddMapArea(s, m);

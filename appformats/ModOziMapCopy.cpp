@@ -46,16 +46,8 @@ bool OziKarteTrifft(const OziMapInfo& map, const Flaeche& b) {
 
 size_t OziKartenKopieren(Session& s, const Flaeche& bereich, const std::string& quelle, const std::string& ziel) {
     std::error_code ec;
-    std::vector<fs::path> maps;
-    for (const auto& e : fs::directory_iterator(quelle, ec)) {
-        std::string ext = e.path().extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext == ".map" && e.is_regular_file(ec)) maps.push_back(e.path());
-    }
-    if (ec) throw FileError(ErrorText(ec.value()));
-    std::sort(maps.begin(), maps.end());
     size_t copied = 0;
-    for (const fs::path& m : maps) {
+    for (const fs::path m : FilesWithExtension(quelle, "map")) {
         if (s.UserAbort) break;
         s.store.StatusText.set("Untersuche " + m.filename().string());
         s.progress();

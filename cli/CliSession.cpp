@@ -13,13 +13,6 @@
 
 namespace ortelix {
 
-namespace {
-std::string Lower(std::string s) {
-    for (char& c : s)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-    return s;
-}
-}  // namespace
 
 bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
     ctx.session = std::make_unique<Session>(ctx.platform);
@@ -72,7 +65,7 @@ bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
 }
 
 bool ReadInput(CliContext& ctx, const std::string& path, const std::string& format) {
-    const std::string key = format.empty() ? Lower(SplitPath(path, 5)) : format;
+    const std::string key = format.empty() ? LowerExtension(path) : format;
     const Command* reader = FindFormat(key, CommandKind::Read);
     if (!reader) {
         std::fprintf(stderr, "%s: kein Leseformat für \"%s\" (ortelix formats zeigt die Formate)\n", path.c_str(),

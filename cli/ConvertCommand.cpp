@@ -20,11 +20,7 @@ int ConvertCommand(const std::vector<std::string>& args) {
     }
     const std::string output = ctx.positional.back();
     std::string outKey = ctx.outputFormat;
-    if (outKey.empty()) {
-        outKey = SplitPath(output, 5);
-        for (char& c : outKey)
-            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-    }
+    if (outKey.empty()) outKey = LowerExtension(output);
     const Command* writer = FindFormat(outKey, CommandKind::Write);
     if (!writer) {
         std::fprintf(stderr, "%s: kein Schreibformat für \"%s\" (ortelix formats zeigt die Formate)\n", output.c_str(),

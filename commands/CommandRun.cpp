@@ -12,13 +12,6 @@
 
 namespace ortelix {
 
-namespace {
-std::string Lower(std::string s) {
-    for (char& c : s)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-    return s;
-}
-}  // namespace
 
 std::string ChooseInput(Session& s, const Command& c) {
     FileChoice f = FileDialog(s, CommandTitle(c), CommandFilter(c), 1, DialogMode::Open);
@@ -55,7 +48,7 @@ int BatchRead(Session& s, const std::vector<std::string>& paths) {
     int read = 0;
     for (const std::string& path : paths) {
         if (s.UserAbort) break;
-        const Command* reader = BatchReader(Lower(SplitPath(path, 5)));
+        const Command* reader = BatchReader(LowerExtension(path));
         if (!reader) continue;
         if (ReadWith(s, *reader, path)) ++read;
         s.pollEvents();

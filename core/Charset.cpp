@@ -1,5 +1,7 @@
 #include "core/Charset.h"
 
+#include "core/ModulShared.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -92,8 +94,7 @@ bool IsValidUtf8(std::string_view t) {
 }
 
 Charset CharsetFromName(std::string_view name) {
-    std::string n(name);
-    std::transform(n.begin(), n.end(), n.begin(), [](unsigned char ch) { return static_cast<char>(std::tolower(ch)); });
+    const std::string n = LowerAscii(name);
     if (n == "iso-8859-1" || n == "iso8859-1" || n == "latin1" || n == "latin-1" || n == "iso_8859-1") return Charset::Latin1;
     if (n == "windows-1252" || n == "cp1252" || n == "iso-8859-15") return Charset::Windows1252;
     return Charset::Utf8;

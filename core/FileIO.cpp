@@ -1,6 +1,7 @@
 #include "core/FileIO.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -8,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
 
@@ -55,6 +57,19 @@ std::string ReadWholeFile(Session& s, const std::string& path) {
     s.platform.setBusy(false);
     s.store.StatusText.set("Fertig");
     return data;
+}
+
+std::vector<std::string> FilesWithExtension(const std::string& folder, std::string_view extension) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    std::vector<std::string> files;
+    for (const auto& e : fs::directory_iterator(folder, ec)) {
+        const std::string path = e.path().string();
+        if (LowerExtension(path) == extension && e.is_regular_file(ec)) files.push_back(path);
+    }
+    if (ec) throw FileError(ErrorText(ec.value()));
+    std::sort(files.begin(), files.end());  // the listing's order is the system's; keep it stable
+    return files;
 }
 
 MappedFile::MappedFile(const std::string& path) {

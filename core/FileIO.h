@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ortelix {
 
@@ -23,6 +24,11 @@ std::string ErrorText(int err);
 std::string ReadWholeFile(Session& s, const std::string& path);
 // The same without a session, for tools and tests.
 std::string ReadFileBytes(const std::string& path);
+
+// The regular files of a folder whose extension is `extension` (lower case,
+// without the point; compared without case), sorted by path. Throws FileError
+// when the folder cannot be listed.
+std::vector<std::string> FilesWithExtension(const std::string& folder, std::string_view extension);
 
 // A file mapped read-only into memory. Large readers walk it several times;
 // release() hands the pages behind the walk back to the page cache, so the

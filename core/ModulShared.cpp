@@ -277,6 +277,15 @@ CsvRow SplitRow(std::string_view line, char sep) {
 CsvRow CsvFields(std::string_view line) { return SplitRow(line, ','); }
 CsvRow SemicolonFields(std::string_view line) { return SplitRow(line, ';'); }
 
+std::string LowerAscii(std::string_view text) {
+    std::string out(text);
+    for (char& c : out)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+    return out;
+}
+
+std::string LowerExtension(std::string_view path) { return LowerAscii(SplitPath(path, 5)); }
+
 std::string ReplaceUmlauts(std::string_view text) {
     static constexpr std::pair<std::string_view, std::string_view> kMap[] = {
         {"\xC3\x84", "Ae"}, {"\xC3\xA4", "ae"}, {"\xC3\x96", "Oe"}, {"\xC3\xB6", "oe"},

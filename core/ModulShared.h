@@ -50,6 +50,11 @@ struct CsvRow {
 CsvRow CsvFields(std::string_view line);
 CsvRow SemicolonFields(std::string_view line);
 
+// ASCII letters in lower case, every other byte as it is.
+std::string LowerAscii(std::string_view text);
+// The extension of a path in lower case, without the point.
+std::string LowerExtension(std::string_view path);
+
 // Text cleaning.
 std::string ReplaceUmlauts(std::string_view text);
 std::string SafeName(std::string_view text);

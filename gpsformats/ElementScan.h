@@ -15,9 +15,6 @@ struct Element {
     bool found = false;
 };
 
-// ASCII lower case of a text, byte for byte.
-std::string LowerAscii(std::string_view text);
-
 // The next element `tag` (given in lower case) in text[start, scopeEnd): the
 // opening tag is "<tag" followed by a blank, ">" or "/"; the closing tag is
 // "</tag>". A start tag that closes itself ("<wpt .../>") is an element

@@ -1,25 +1,21 @@
 #include "fake/FakePlatform.h"
 
+#include "core/ModulShared.h"
+
 #include <algorithm>
 #include <cctype>
 
 namespace ortelix {
 
-namespace {
-std::string Lower(std::string s) {
-    std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return s;
-}
-}  // namespace
 
 std::optional<std::string> FakePlatform::readSetting(const std::string& section, const std::string& key) {
-    auto it = settings.find({Lower(section), key});
+    auto it = settings.find({LowerAscii(section), key});
     if (it == settings.end()) return std::nullopt;
     return it->second;
 }
 
 void FakePlatform::writeSetting(const std::string& section, const std::string& key, const std::string& value) {
-    settings[{Lower(section), key}] = value;
+    settings[{LowerAscii(section), key}] = value;
 }
 
 FileChoice FakePlatform::fileDialog(const std::string& title, const std::string&, int filterIndex, bool,
