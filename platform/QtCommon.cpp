@@ -1,7 +1,9 @@
 #include "platform/QtCommon.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QDir>
+#include <QUrl>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -43,6 +45,11 @@ bool HasSettings() { return !Store().allKeys().isEmpty(); }
 void SyncSettings() { Store().sync(); }
 
 std::string SettingsPath() { return Store().fileName().toStdString(); }
+
+bool OpenWithSystem(const std::string& pathOrLink) {
+    const QString s = QString::fromStdString(pathOrLink);
+    return QDesktopServices::openUrl(s.contains("://") ? QUrl(s) : QUrl::fromLocalFile(s));
+}
 
 std::string ProgramFolder() {
     const QString app = QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();

@@ -13,6 +13,9 @@ void SyncSettings();
 // The path of the settings file, for messages and tests.
 std::string SettingsPath();
 
+// A file or a link opened with the system's association.
+bool OpenWithSystem(const std::string& pathOrLink);
+
 // The data folder beside the program (build tree) or share/ortelix when installed.
 std::string ProgramFolder();
 // $XDG_CACHE_HOME/ortelix/OXTemp, made when missing.

@@ -45,6 +45,28 @@ int OpenSerialDevice(const std::string& device, const std::string& settings) {
     return fd;
 }
 
+bool SerialDevice::open(const std::string& device, const std::string& settings) {
+    close();
+    fd_ = OpenSerialDevice(device, settings);
+    return fd_ >= 0;
+}
+
+bool SerialDevice::write(const std::string& bytes) {
+    if (fd_ < 0) return false;
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd_, bytes.data() + done, bytes.size() - done);
+        if (n <= 0) return false;
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+void SerialDevice::close() {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
+}
+
 std::vector<std::string> ListSerialDevices() {
     std::vector<std::string> out;
     for (const QSerialPortInfo& p : QSerialPortInfo::availablePorts()) out.push_back(p.systemLocation().toStdString());

@@ -10,4 +10,20 @@ namespace ortelix {
 int OpenSerialDevice(const std::string& device, const std::string& settings);
 std::vector<std::string> ListSerialDevices();
 
+// One open serial device; closed when replaced or destroyed.
+class SerialDevice {
+public:
+    SerialDevice() = default;
+    SerialDevice(const SerialDevice&) = delete;
+    SerialDevice& operator=(const SerialDevice&) = delete;
+    ~SerialDevice() { close(); }
+
+    bool open(const std::string& device, const std::string& settings);
+    bool write(const std::string& bytes);  // all of them, or false
+    void close();
+
+private:
+    int fd_ = -1;
+};
+
 }  // namespace ortelix

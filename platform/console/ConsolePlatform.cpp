@@ -1,14 +1,11 @@
 #include "platform/console/ConsolePlatform.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QProcess>
 #include <QStringList>
-#include <QUrl>
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
-#include <unistd.h>
 
 #include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
@@ -74,33 +71,13 @@ bool ConsolePlatform::startProgram(const std::string& program, const std::vector
     return true;
 }
 
-bool ConsolePlatform::openWithSystem(const std::string& pathOrLink) {
-    const QString s = QString::fromStdString(pathOrLink);
-    const QUrl url = s.contains("://") ? QUrl(s) : QUrl::fromLocalFile(s);
-    return QDesktopServices::openUrl(url);
-}
+bool ConsolePlatform::openWithSystem(const std::string& pathOrLink) { return qtcommon::OpenWithSystem(pathOrLink); }
 
 bool ConsolePlatform::serialOpen(const std::string& device, const std::string& settings) {
-    serialClose();
-    serialFd_ = OpenSerialDevice(device, settings);
-    return serialFd_ >= 0;
+    return serial_.open(device, settings);
 }
-
-bool ConsolePlatform::serialWrite(const std::string& bytes) {
-    if (serialFd_ < 0) return false;
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(serialFd_, bytes.data() + done, bytes.size() - done);
-        if (n <= 0) return false;
-        done += static_cast<size_t>(n);
-    }
-    return true;
-}
-
-void ConsolePlatform::serialClose() {
-    if (serialFd_ >= 0) ::close(serialFd_);
-    serialFd_ = -1;
-}
+bool ConsolePlatform::serialWrite(const std::string& bytes) { return serial_.write(bytes); }
+void ConsolePlatform::serialClose() { serial_.close(); }
 
 std::vector<std::string> ConsolePlatform::serialPorts() { return ListSerialDevices(); }
 

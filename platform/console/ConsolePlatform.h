@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/SerialSettings.h"
 
 namespace ortelix {
 
@@ -46,7 +47,7 @@ public:
     std::string tempFolder() override;
 
 private:
-    int serialFd_ = -1;
+    SerialDevice serial_;
 };
 
 }  // namespace ortelix

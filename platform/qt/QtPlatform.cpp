@@ -3,15 +3,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCursor>
-#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QImage>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
-#include <QUrl>
-#include <unistd.h>
 
 #include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
@@ -158,32 +155,13 @@ bool QtPlatform::startProgram(const std::string& program, const std::vector<std:
     return true;
 }
 
-bool QtPlatform::openWithSystem(const std::string& pathOrLink) {
-    const QString s = QString::fromStdString(pathOrLink);
-    return QDesktopServices::openUrl(s.contains("://") ? QUrl(s) : QUrl::fromLocalFile(s));
-}
+bool QtPlatform::openWithSystem(const std::string& pathOrLink) { return qtcommon::OpenWithSystem(pathOrLink); }
 
 bool QtPlatform::serialOpen(const std::string& device, const std::string& settings) {
-    serialClose();
-    serialFd_ = OpenSerialDevice(device, settings);
-    return serialFd_ >= 0;
+    return serial_.open(device, settings);
 }
-
-bool QtPlatform::serialWrite(const std::string& bytes) {
-    if (serialFd_ < 0) return false;
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(serialFd_, bytes.data() + done, bytes.size() - done);
-        if (n <= 0) return false;
-        done += static_cast<size_t>(n);
-    }
-    return true;
-}
-
-void QtPlatform::serialClose() {
-    if (serialFd_ >= 0) ::close(serialFd_);
-    serialFd_ = -1;
-}
+bool QtPlatform::serialWrite(const std::string& bytes) { return serial_.write(bytes); }
+void QtPlatform::serialClose() { serial_.close(); }
 
 std::vector<std::string> QtPlatform::serialPorts() { return ListSerialDevices(); }
 

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 
 #include "platform/Platform.h"
+#include "platform/SerialSettings.h"
 
 class QWidget;
 
@@ -49,7 +50,7 @@ public:
 
 private:
     QWidget* parent_;
-    int serialFd_ = -1;
+    SerialDevice serial_;
     bool busy_ = false;
     QElapsedTimer clock_;  // monotonic, from the start of the platform
 };
