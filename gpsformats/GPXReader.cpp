@@ -348,28 +348,26 @@ void ReadPoints(Session& s, const Doc& d, std::string_view tag, const std::strin
     }
 }
 
+// Every outer element `tag`, each handed to `read`.
+template <typename Read>
+void EachOuter(Session& s, const Doc& d, std::string_view tag, const std::vector<size_t>& closings, Read read) {
+    size_t pos = 0;
+    while (!s.UserAbort) {
+        const Element e = d.outer(tag, closings, pos, d.text.size());
+        if (!e.found) break;
+        pos = e.next;
+        read(e);
+    }
+    s.store.StatusText.set("Fertig");
+}
+
 void TrackPasses(Session& s, const Doc& d, const Present& p, int mode) {
     if (p.trk) {
         s.store.StatusText.set("Suche GPX TrackPoints");
-        size_t pos = 0;
-        while (!s.UserAbort) {
-            const Element trk = d.outer("trk", d.closings.trk, pos, d.text.size());
-            if (!trk.found) break;
-            pos = trk.next;
-            ReadGpxTrackElement(s, d, trk, mode);
-        }
-        s.store.StatusText.set("Fertig");
+        EachOuter(s, d, "trk", d.closings.trk, [&](const Element& e) { ReadGpxTrackElement(s, d, e, mode); });
     }
-    if (p.track) {
-        size_t pos = 0;
-        while (!s.UserAbort) {
-            const Element trk = d.outer("track", d.closings.track, pos, d.text.size());
-            if (!trk.found) break;
-            pos = trk.next;
-            ReadShortTrackElement(s, d, trk, mode);
-        }
-        s.store.StatusText.set("Fertig");
-    }
+    if (p.track)
+        EachOuter(s, d, "track", d.closings.track, [&](const Element& e) { ReadShortTrackElement(s, d, e, mode); });
 }
 
 void ReadDoc(Session& s, Doc d) {
