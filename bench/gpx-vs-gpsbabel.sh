@@ -2,7 +2,9 @@
 # Converts the same large GPX file with ortelix and with gpsbabel and prints
 # both times, their ratio and both peak resident sizes. The machine's speed
 # drifts, so the two programs take turns, RUNS times each, and the medians
-# are compared: wall-clock and CPU (user + system) time.
+# are compared: wall-clock and CPU (user + system) time. Outputs go to a
+# memory file system where there is one, and the disk is synced before each
+# run, so that neither program pays for the other's write-back.
 # Usage: bench/gpx-vs-gpsbabel.sh BUILD_DIR [POINTS] [RUNS]
 set -euo pipefail
 build=${1:-build-bench}
@@ -14,8 +16,13 @@ mkdir -p "$work"
 big=$work/big-$points.gpx
 [ -f "$big" ] || python3 "$here/make-big-gpx.py" "$big" "$points"
 
+out=$work
+[ -d /dev/shm ] && out=$(mktemp -d /dev/shm/ortelix-bench.XXXXXX)
+trap '[ "$out" != "$work" ] && rm -rf "$out"' EXIT
+
 run() {  # label, command...: appends "wall cpu peak_kb" to $work/times-LABEL
   local label=$1; shift
+  sync
   /usr/bin/time -f "%e %U %S %M" -o "$work/last-time" "$@" >/dev/null 2>&1
   awk '{ printf "%s %.2f %s\n", $1, $2 + $3, $4 }' "$work/last-time" >>"$work/times-$label"
 }
@@ -25,8 +32,8 @@ median() {  # file, column
 
 rm -f "$work/times-ortelix" "$work/times-gpsbabel"
 for _ in $(seq "$runs"); do
-  run ortelix "$build/ortelix" convert "$big" "$work/out-ortelix.gpx"
-  run gpsbabel gpsbabel -t -i gpx -f "$big" -o gpx -F "$work/out-gpsbabel.gpx"
+  run ortelix "$build/ortelix" convert "$big" "$out/out-ortelix.gpx"
+  run gpsbabel gpsbabel -t -i gpx -f "$big" -o gpx -F "$out/out-gpsbabel.gpx"
 done
 ow=$(median "$work/times-ortelix" 1); oc=$(median "$work/times-ortelix" 2); orss=$(median "$work/times-ortelix" 3)
 gw=$(median "$work/times-gpsbabel" 1); gc=$(median "$work/times-gpsbabel" 2); grss=$(median "$work/times-gpsbabel" 3)
