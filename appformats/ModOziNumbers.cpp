@@ -94,6 +94,16 @@ void AppendCp1252(std::string& out, std::string_view utf8) {
 
 void AppendNameOzi(std::string& out, std::string_view utf8) { AppendCp1252(out, OziText(utf8)); }
 
+void AppendNamePosition(std::string& out, const GeoPoint& p) {
+    AppendNameOzi(out, p.Name);
+    out += ',';
+    AppendKoordinate(out, p.Lat);
+    out += ',';
+    AppendKoordinate(out, p.Lon);
+    out += ',';
+    AppendTageswert(out, p.Date_, p.Time_);
+}
+
 OziMoment ParseTageswert(std::string_view field) {
     size_t used = 0;
     const double v = LeadingNumber(field, &used);

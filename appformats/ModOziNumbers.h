@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/DateTime.h"
+#include "core/ModulArray.h"
 #include "core/Optional.h"
 
 namespace ortelix {
@@ -29,6 +30,8 @@ void AppendInt(std::string& out, long long value);
 void AppendCp1252(std::string& out, std::string_view utf8);
 // Name Ozi: cut to 40 characters, "," replaced by character 209, trimmed; as Windows-1252.
 void AppendNameOzi(std::string& out, std::string_view utf8);
+// "Name,Lat,Lon,Tageswert" of a point, the core of waypoint and route-point lines.
+void AppendNamePosition(std::string& out, const GeoPoint& p);
 
 // The same forms written at p, for the hot loops; each returns the end.
 // p needs room for 400 characters (Koordinate of any double), 64 for the others.

@@ -33,13 +33,7 @@ void PointLine(std::string& out, size_t n, long long number, const GeoPoint& p) 
     out += ',';
     AppendInt(out, number);
     out += ',';
-    AppendNameOzi(out, p.Name);
-    out += ',';
-    AppendKoordinate(out, p.Lat);
-    out += ',';
-    AppendKoordinate(out, p.Lon);
-    out += ',';
-    AppendTageswert(out, p.Date_, p.Time_);
+    AppendNamePosition(out, p);
     out += ",0,1,2,0,65535,";
     AppendNameOzi(out, p.Desc);
     out += ",0,0\r\n";

@@ -21,13 +21,7 @@ void ColourField(std::string& out, OptInt colour) {
 void WayPointLine(std::string& out, long long number, const GeoPoint& p, bool fixedColours) {
     AppendInt(out, number);
     out += ',';
-    AppendNameOzi(out, p.Name);
-    out += ',';
-    AppendKoordinate(out, p.Lat);
-    out += ',';
-    AppendKoordinate(out, p.Lon);
-    out += ',';
-    AppendTageswert(out, p.Date_, p.Time_);
+    AppendNamePosition(out, p);
     out += ",0,1,2,";
     if (fixedColours) {
         out += "0,65535";

@@ -74,33 +74,6 @@ Element GetElement(std::string_view text, std::string_view tag, size_t start, si
     return none;
 }
 
-void ChildTexts(std::string_view text, const Element& e, const std::string_view* names, std::string_view* values,
-                size_t count) {
-    for (size_t i = 0; i < count; ++i) values[i] = {};
-    if (!e.found) return;
-    size_t missing = count;
-    size_t pos = e.begin;
-    while (missing > 0) {
-        const size_t at = NextOpen(text, pos, e.end);
-        if (at == std::string_view::npos) return;
-        pos = at + 1;
-        size_t nameEnd = at + 1;
-        while (nameEnd < e.end && !Delimiter(text[nameEnd]) && text[nameEnd] != '<') ++nameEnd;
-        if (nameEnd >= e.end) return;
-        const size_t len = nameEnd - at - 1;
-        for (size_t i = 0; i < count; ++i) {
-            if (values[i].data() || names[i].size() != len || !SpellsAt(text, at + 1, names[i])) continue;
-            const Element c = Complete(text, names[i], nameEnd, e.end);
-            if (c.found) {
-                const std::string_view inner = InnerText(text, c);
-                values[i] = inner.data() ? inner : text.substr(c.end, 0);
-                --missing;
-            }
-            break;
-        }
-    }
-}
-
 Element GetElementIndexed(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
                           const std::vector<size_t>& closings) {
     scopeEnd = std::min(scopeEnd, text.size());

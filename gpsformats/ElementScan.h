@@ -21,12 +21,6 @@ struct Element {
 // without content.
 Element GetElement(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd);
 
-// The first child element of each name inside `e`, found in one walk.
-// names are lower case; values[i] receives the inner text of the first
-// complete child of names[i] (empty when there is none).
-void ChildTexts(std::string_view text, const Element& e, const std::string_view* names, std::string_view* values,
-                size_t count);
-
 // An element and its first children of the given names in one walk: the
 // same result as GetElement followed by a GetElement per child, for the
 // point elements that make up nearly all of a large file.

@@ -17,8 +17,4 @@ void WriteGPXFile(Session& s, const std::string& path);
 // The file's bytes as the writer makes them (ISO-8859-1, CR LF).
 std::string GPXFileText(const Session& s);
 
-// mode 1 only notes the dates of the points; mode 2 adds the points.
-void ReadGPXTracks(Session& s, std::string_view text, int mode);
-void ReadShortTracks(Session& s, std::string_view text, int mode);
-
 }  // namespace ortelix

@@ -182,9 +182,8 @@ OptDouble SpeedFromMetresPerSecond(std::string_view text) {
 }
 
 constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time", "sat", "fix"};
-constexpr std::string_view kTimeOnly[] = {"time"};
 
-void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode) {
+void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
     const std::string name = d.childText(trk, "name");
     size_t segPos = trk.begin;
     while (!s.UserAbort) {
@@ -192,18 +191,9 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode)
         if (!seg.found) break;
         segPos = seg.next;
         if (InnerText(d.text, seg).empty()) continue;
-        if (mode == 2 && (s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, name);
+        if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
         size_t ptPos = seg.begin;
-        while (mode == 1 && !s.UserAbort) {  // only the dates
-            std::string_view c[1];
-            const Element pt = d.point("trkpt", ptPos, seg.end, kTimeOnly, c);
-            if (!pt.found) break;
-            ptPos = pt.next;
-            s.progress();
-            d.passed(ptPos);
-            NoteDate(s, ParseDate(c[0]));
-        }
-        while (mode == 2 && !s.UserAbort) {
+        while (!s.UserAbort) {
             std::string_view c[6];
             const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildren, c);
             if (!pt.found) break;
@@ -226,8 +216,8 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk, int mode)
 
 constexpr std::string_view kTrpChildren[] = {"lon", "lat", "speed", "alt", "course", "sat", "fix", "date", "time"};
 
-void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk, int mode) {
-    if (mode == 2 && (s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, d.childText(trk, "name"));
+void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
+    if ((s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, d.childText(trk, "name"));
     size_t ptPos = trk.begin;
     while (!s.UserAbort) {
         std::string_view c[9];
@@ -236,10 +226,6 @@ void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk, int mod
         ptPos = pt.next;
         s.progress();
         d.passed(ptPos);
-        if (mode == 1) {
-            NoteDate(s, ParseDate(c[7]));
-            continue;
-        }
         TrackPointIn p;
         p.lon = ParseCoordinate(c[0]);
         p.lat = ParseCoordinate(c[1]);
@@ -361,13 +347,13 @@ void EachOuter(Session& s, const Doc& d, std::string_view tag, const std::vector
     s.store.StatusText.set("Fertig");
 }
 
-void TrackPasses(Session& s, const Doc& d, const Present& p, int mode) {
+void ReadTracks(Session& s, const Doc& d, const Present& p) {
     if (p.trk) {
         s.store.StatusText.set("Suche GPX TrackPoints");
-        EachOuter(s, d, "trk", d.closings.trk, [&](const Element& e) { ReadGpxTrackElement(s, d, e, mode); });
+        EachOuter(s, d, "trk", d.closings.trk, [&](const Element& e) { ReadGpxTrackElement(s, d, e); });
     }
     if (p.track)
-        EachOuter(s, d, "track", d.closings.track, [&](const Element& e) { ReadShortTrackElement(s, d, e, mode); });
+        EachOuter(s, d, "track", d.closings.track, [&](const Element& e) { ReadShortTrackElement(s, d, e); });
 }
 
 void ReadDoc(Session& s, Doc d) {
@@ -376,7 +362,7 @@ void ReadDoc(Session& s, Doc d) {
     // survey notes the dates on its way.
     const Present p = Survey(d, &s);
     AskDates(s);
-    TrackPasses(s, d, p, 2);
+    ReadTracks(s, d, p);
     ClearDates(s);
     s.store.StatusText.set("Suche GPX RoutePoints");
     if (p.rte) ReadGpxRoutes(s, d);
@@ -398,22 +384,6 @@ std::string_view AsUtf8(std::string_view bytes, std::string& decoded) {
 }
 
 }  // namespace
-
-void ReadGPXTracks(Session& s, std::string_view text, int mode) {
-    Doc d{text};
-    Present p;
-    Survey(d);
-    p.trk = true;
-    TrackPasses(s, d, p, mode);
-}
-
-void ReadShortTracks(Session& s, std::string_view text, int mode) {
-    Doc d{text};
-    Present p;
-    Survey(d);
-    p.track = true;
-    TrackPasses(s, d, p, mode);
-}
 
 void ReadGPXText(Session& s, std::string_view bytes) {
     std::string decoded;
