@@ -10,6 +10,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   gpsbabel proj-bin proj-data gpsd gpsd-clients socat
   libimage-exiftool-perl giflib-tools mdbtools-dev xvfb time
+  libxml2-utils qt6-translations-l10n linux-perf
 )
 
 missing=()
