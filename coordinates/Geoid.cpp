@@ -32,12 +32,14 @@ bool GeoidLaden(Session& s) {
 
 // Nearest node of the 15' grid: against cct +proj=vgridshift +grids=egm96_15.gtx
 // (bilinear) at most 1.25 m over Germany and Switzerland, 0.005 m at the
-// nodes (bench/coord-accuracy.sh). Values below -55.36 m read as 655.36 m
-// plus the value, by the sign rule "above 600".
+// nodes (bench/coord-accuracy.sh). Each node is a 16-bit two's complement
+// number of centimetres: 0xFFFF is -0.01 m, and the lowest geoid, -106.99 m
+// south of India, is stored as 54 837.
 double GeoidWert(const GeoidTable& t, double lon, double lat) {
-    if (lat < -90 || lat > 90) return 0;
+    // Written so that NaN is off the earth too.
+    if (!(lat >= -90 && lat <= 90)) return 0;
     if (lon < 0) lon += 360;
-    if (lon < 0 || lon > 360) return 0;
+    if (!(lon >= 0 && lon <= 360)) return 0;
     // Nearest node; 0.49999 puts a value exactly half-way on the lower node.
     const double lonQ = std::floor(lon * 4 + 0.49999) / 4;
     const double latQ = std::floor(lat * 4 + 0.49999) / 4;
@@ -46,9 +48,9 @@ double GeoidWert(const GeoidTable& t, double lon, double lat) {
     const size_t i = static_cast<size_t>(index) * 2;
     // Past the end (only longitude 360 at the south pole, or a short file).
     if (i + 1 >= t.bytes.size()) return 0;
-    double v = (t.bytes[i] * 256 + t.bytes[i + 1]) / 100.0;
-    if (v > 600) v -= 655.36;
-    return v;
+    const int stored = t.bytes[i] * 256 + t.bytes[i + 1];
+    const int centimetres = stored >= 32768 ? stored - 65536 : stored;
+    return centimetres / 100.0;
 }
 
 double GeoidHoehe(Session& s, double lon, double lat) {
