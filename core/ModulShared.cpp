@@ -169,7 +169,9 @@ std::string FormatPoint(double value, std::string_view format) {
 
 std::string AltitudeFeet(OptDouble alt) {
     if (alt.empty()) return "-777";
-    return std::to_string(static_cast<long long>(std::floor(*alt * 3.2808399)));
+    // The whole feet as digits of the double itself: no altitude, however
+    // absurd, passes through an integer type.
+    return FormatFixed(std::floor(*alt * 3.2808399), 0);
 }
 
 std::string OziTextLong(std::string_view text) {
@@ -185,8 +187,10 @@ std::string OziTextLong(std::string_view text) {
 std::string OziText(std::string_view text) { return OziTextLong(Utf8Left(text, 40)); }
 
 std::string Pad5(long n) {
+    // The picture "00000": five digits at least, the sign in front of them.
     std::string s = std::to_string(n);
-    if (s.size() < 5) s.insert(0, 5 - s.size(), '0');
+    const size_t digitsStart = n < 0 ? 1 : 0;
+    if (s.size() - digitsStart < 5) s.insert(digitsStart, 5 - (s.size() - digitsStart), '0');
     return s;
 }
 
@@ -480,6 +484,7 @@ std::string IsoTime(int32_t seconds) {
 }
 
 std::string ClockTime(double moment) {
+    if (!std::isfinite(moment)) moment = 0;
     const double frac = moment - std::floor(moment);
     return IsoTime(static_cast<int32_t>(std::llround(frac * kSecondsPerDay)));
 }

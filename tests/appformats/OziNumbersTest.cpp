@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 #include "core/DateTime.h"
+#include "core/FixedDecimals.h"
 
 namespace ortelix {
 namespace {
@@ -142,12 +143,17 @@ namespace {
 
 // The Koordinate form has a fast path; it must agree with to_chars (the
 // exact value, ties to even) everywhere, ties and signs included.
-TEST(OziNumbers, KoordinateAgreesWithToCharsEverywhere) {
+// Koordinate is Format(value, "0.000000"): the fixed six decimals as a
+// person rounds them, halves away from zero, by the quick path wherever it can.
+TEST(OziNumbers, KoordinateRoundsAsTheDigitFormEverywhere) {
+    EXPECT_EQ(Koordinate(8.1234565), "8.123457");
+    EXPECT_EQ(Koordinate(-8.1234565), "-8.123457");
+    EXPECT_EQ(Koordinate(0.0000025), "0.000003");
+    EXPECT_EQ(Koordinate(-0.0000005), "-0.000001");
+    EXPECT_EQ(Koordinate(50.0000005), "50.000001");
     auto reference = [](double v) {
         char buf[400];
-        std::string s(buf, std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 6).ptr);
-        if (s[0] == '-' && s.find_first_not_of("-0.") == std::string::npos) s.erase(0, 1);
-        return s;
+        return std::string(buf, PutFixedByDigits(buf, v, 6));
     };
     std::vector<double> values = {0.0, -0.0, 0.0000005, 0.0000015, 0.0000025, -0.0000005, 0.5, 1e-7, -1e-7,
                                   999999999.9999995, 1e9, 123456789.1234565, 8.1234565, 50.0000005, 2.5e-6, 179.999999500};

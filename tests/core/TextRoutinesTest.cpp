@@ -1,5 +1,6 @@
 // The shared number, text, date and path routines, at their limits.
 #include <gtest/gtest.h>
+#include <cmath>
 
 #include "core/Charset.h"
 #include "core/DateTime.h"
@@ -48,6 +49,29 @@ TEST(Text, NumberForms) {
     EXPECT_EQ(FormatFixed(48.1234565, 6), "48.123457");
     EXPECT_EQ(FormatFixed(-0.0000001, 3), "0.000");
     EXPECT_EQ(FormatFixed(-2.5, 2), "-2.50");
+    // Halves go away from zero, as a person rounds, also where the double
+    // lies a little below the half that its digits show.
+    EXPECT_EQ(FormatFixed(2.5, 0), "3");
+    EXPECT_EQ(FormatFixed(-2.5, 0), "-3");
+    EXPECT_EQ(FormatFixed(0.5, 0), "1");
+    EXPECT_EQ(FormatFixed(-0.5, 0), "-1");
+    EXPECT_EQ(FormatFixed(0.125, 2), "0.13");
+    EXPECT_EQ(FormatFixed(1.005, 2), "1.01");      // the double is 1.00499999999999989...
+    EXPECT_EQ(FormatFixed(2.675, 2), "2.68");      // 2.67499999999999982...
+    EXPECT_EQ(FormatFixed(-1.0049999999999997, 2), "-1.00");  // digits below the half stay below
+    EXPECT_EQ(FormatFixed(8.1234565, 6), "8.123457");
+    EXPECT_EQ(FormatFixed(-48.1234565, 6), "-48.123457");
+    EXPECT_EQ(FormatFixed(9.9995, 3), "10.000");  // the carry runs into a new digit
+    EXPECT_EQ(FormatFixed(-0.0049, 2), "0.00");
+    EXPECT_EQ(FormatFixed(-0.005, 2), "-0.01");
+    EXPECT_EQ(FormatFixed(1e21, 1), "1000000000000000000000.0");
+    EXPECT_EQ(FormatFixed(123456789012.5, 0), "123456789013");
+    EXPECT_EQ(FormatFixed(5e-324, 3), "0.000");
+    EXPECT_EQ(FormatFixed(std::nan(""), 2), "0.00");
+    EXPECT_EQ(FormatFixed(-HUGE_VAL, 1), "0.0");
+    EXPECT_EQ(FormatFixed(1.5, -3), "2");  // decimals below 0 count as 0
+    EXPECT_EQ(FormatFixed(1e300, 0), "1" + std::string(300, '0'));  // the digits of 1e300, not of its double
+    EXPECT_EQ(FormatFixed(-1.7976931348623157e308, 2), "-17976931348623157" + std::string(292, '0') + ".00");
     EXPECT_EQ(FormatPoint(3.5, "#0.0####"), "3.5");
     EXPECT_EQ(FormatPoint(3.123456, "#0.0####"), "3.12346");
     EXPECT_EQ(FormatPoint(7, "00000"), "00007");
@@ -56,8 +80,13 @@ TEST(Text, NumberForms) {
     EXPECT_EQ(AltitudeFeet(100.0), "328");
     EXPECT_EQ(AltitudeFeet(OptDouble()), "-777");
     EXPECT_EQ(AltitudeFeet(0.0), "0");
+    EXPECT_EQ(AltitudeFeet(-1.0), "-4");
+    EXPECT_EQ(AltitudeFeet(1e300), FormatFixed(std::floor(1e300 * 3.2808399), 0));  // no integer overflow
     EXPECT_EQ(Pad5(42), "00042");
     EXPECT_EQ(Pad5(123456), "123456");
+    EXPECT_EQ(Pad5(0), "00000");
+    EXPECT_EQ(Pad5(-5), "-00005");
+    EXPECT_EQ(Pad5(-123456), "-123456");
 }
 
 TEST(Text, HemisphereLetters) {
@@ -135,6 +164,8 @@ TEST(Text, Dates) {
     EXPECT_EQ(*dt.time, 3723);
     EXPECT_EQ(IsoDate(feb16), "2006-02-16");
     EXPECT_EQ(ClockTime(feb16 + 0.5), "12:00:00");
+    EXPECT_EQ(ClockTime(HUGE_VAL), "00:00:00");
+    EXPECT_EQ(ClockTime(std::nan("")), "00:00:00");
     const CivilDate c = CivilFromSerial(SerialFromCivil(2000, 2, 29));
     EXPECT_EQ(c.year * 10000 + c.month * 100 + c.day, 20000229);
 }
@@ -189,20 +220,65 @@ TEST(Text, LeadingNumberMatchesFromChars) {
 namespace ortelix {
 namespace {
 
-// The quick fixed-decimal form must equal to_chars, ties and large values included.
-TEST(Text, FixedDecimalsMatchToChars) {
+// A measure written apart from the routine: the shortest fixed digits of
+// to_chars, rounded on the text with halves away from zero.
+std::string PersonRounded(double v, int decimals) {
+    char buf[400];
+    const std::string shortest(buf, std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed).ptr);
+    const bool negative = shortest[0] == '-';
+    std::string digits = shortest.substr(negative ? 1 : 0);
+    size_t point = digits.find('.');
+    if (point == std::string::npos) point = digits.size(), digits += '.';
+    digits.append(static_cast<size_t>(decimals) + 1, '0');
+    const bool up = digits[point + 1 + static_cast<size_t>(decimals)] >= '5';
+    digits.resize(point + 1 + static_cast<size_t>(decimals));
+    if (decimals == 0) digits.pop_back();
+    for (size_t i = digits.size(); up && i-- > 0;) {
+        if (digits[i] == '.') continue;
+        if (digits[i] != '9') {
+            ++digits[i];
+            break;
+        }
+        digits[i] = '0';
+        if (i == 0) digits.insert(0, "1");
+    }
+    if (negative && digits.find_first_not_of("0.") != std::string::npos) digits.insert(0, "-");
+    return digits;
+}
+
+// The quick whole-number form and the digit form must both round every value
+// as a person reads it: random values, values on a decimal half (the place
+// where the binary value and its digits can round apart) and large values.
+TEST(Text, FixedDecimalsRoundTheDigitsAPersonReads) {
     std::mt19937_64 rng(9);
     std::uniform_real_distribution<double> any(-2e9, 2e9);
-    for (int i = 0; i < 100000; ++i) {
+    int halves = 0, apart = 0;
+    for (int i = 0; i < 200000; ++i) {
         const int decimals = static_cast<int>(rng() % 10);
         double v = any(rng) / std::pow(10.0, static_cast<double>(rng() % 12));
-        if (i % 7 == 0) v = std::round(v * 1000) / 1000 + 0.0005;  // near ties
-        char ours[400], theirs[400];
-        const std::string_view a(ours, static_cast<size_t>(PutFixed(ours, v, decimals) - ours));
-        auto r = std::to_chars(theirs, theirs + 400, v, std::chars_format::fixed, decimals);
-        std::string b(theirs, r.ptr);
-        if (b[0] == '-' && b.find_first_not_of("-0.") == std::string::npos) b.erase(0, 1);
-        ASSERT_EQ(a, b) << v << " " << decimals;
+        if (i % 3 == 0) {  // on a half: a decimal with one digit more than kept, ending in 5
+            const double unit = std::pow(10.0, -decimals);
+            v = (std::round(v / unit) + 0.5) * unit;
+            char b[64];
+            std::from_chars(b, std::to_chars(b, b + 64, v, std::chars_format::fixed, decimals + 1).ptr, v);
+            ++halves;
+        }
+        char ours[400], digitsOnly[400], exact[400];
+        const std::string expected = PersonRounded(v, decimals);
+        ASSERT_EQ(std::string(ours, PutFixed(ours, v, decimals)), expected) << v << " " << decimals;
+        ASSERT_EQ(std::string(digitsOnly, PutFixedByDigits(digitsOnly, v, decimals)), expected) << v;
+        std::string e(exact, std::to_chars(exact, exact + 400, v, std::chars_format::fixed, decimals).ptr);
+        if (e[0] == '-' && e.find_first_not_of("-0.") == std::string::npos) e.erase(0, 1);
+        apart += e != expected;
+    }
+    EXPECT_GT(halves, 60000);
+    EXPECT_GT(apart, 1000);  // the cases where the exact binary value rounds the other way
+    for (double v : {1e15 + 0.5, 123456789.5, 4.35, 0.000125, 99.9999995, 2.2250738585072014e-308}) {
+        for (int d = 0; d <= 12; ++d) {
+            char ours[400];
+            ASSERT_EQ(std::string(ours, PutFixed(ours, v, d)), PersonRounded(v, d)) << v << " " << d;
+            ASSERT_EQ(std::string(ours, PutFixed(ours, -v, d)), PersonRounded(-v, d)) << -v << " " << d;
+        }
     }
 }
 
