@@ -1,14 +1,16 @@
 #include "core/FileIO.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "core/MappingGuard.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
@@ -21,32 +23,89 @@ std::string ErrorText(int err) {
         case EACCES:
         case EPERM: return "Zugriff verweigert";
         case ENOSPC: return "Nicht genügend Speicherplatz auf dem Datenträger";
+        case EDQUOT: return "Das Speicherkontingent ist erschöpft";
+        case EFBIG: return "Die Datei ist zu groß";
         case EISDIR: return "Der Pfad ist ein Ordner";
         case ENOTDIR: return "Pfad nicht gefunden";
         case EROFS: return "Der Datenträger ist schreibgeschützt";
         case EIO: return "Ein-/Ausgabefehler";
         case ENAMETOOLONG: return "Der Dateiname ist zu lang";
+        case ELOOP: return "Zu viele symbolische Verknüpfungen";
+        case ENXIO: return "Das Gerät ist nicht bereit";
+        case EPIPE: return "Der Empfänger hat die Verbindung geschlossen";
+        case EBUSY:
+        case ETXTBSY: return "Die Datei wird verwendet";
         default: return std::strerror(err);
     }
 }
 
-std::string ReadFileBytes(const std::string& path) {
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) throw FileError(ErrorText(errno));
-    struct stat st {};
-    if (::fstat(fileno(f), &st) == 0 && S_ISDIR(st.st_mode)) {
-        std::fclose(f);
-        throw FileError(ErrorText(EISDIR));
+std::string TooLargeText(size_t limit) {
+    const auto number = [](size_t v) {
+        char buf[24];
+        return std::string(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+    };
+    std::string t = "Die Datei ist größer als ";
+    if (limit >= (size_t(1) << 30) && limit % (size_t(1) << 30) == 0) return t + number(limit >> 30) + " GiB";
+    if (limit >= (size_t(1) << 20) && limit % (size_t(1) << 20) == 0) return t + number(limit >> 20) + " MiB";
+    if (limit >= (size_t(1) << 10) && limit % (size_t(1) << 10) == 0) return t + number(limit >> 10) + " KiB";
+    return t + number(limit) + " Bytes";
+}
+
+namespace {
+
+// An open descriptor that closes itself.
+class Fd {
+public:
+    explicit Fd(int fd) : fd_(fd) {}
+    ~Fd() {
+        if (fd_ >= 0) ::close(fd_);
     }
-    std::string data;
-    if (st.st_size > 0) data.reserve(static_cast<size_t>(st.st_size));
+    Fd(const Fd&) = delete;
+    Fd& operator=(const Fd&) = delete;
+    int get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+int OpenForReading(const std::string& path, struct stat& st) {
+    // O_NOCTTY: a terminal named as input must not become our controlling one.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0) throw FileError(ErrorText(errno));
+    if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
+        const int err = S_ISDIR(st.st_mode) ? EISDIR : errno;
+        ::close(fd);
+        throw FileError(ErrorText(err));
+    }
+    return fd;
+}
+
+// read() until the end, appending to `data`; more than `limit` bytes in all is a failure.
+void ReadAll(int fd, std::string& data, size_t limit) {
     char buf[1 << 16];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) data.append(buf, n);
-    const bool failed = std::ferror(f);
-    const int err = errno;
-    std::fclose(f);
-    if (failed) throw FileError(ErrorText(err));
+    for (;;) {
+        const ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            throw FileError(ErrorText(errno));
+        }
+        if (n == 0) return;
+        if (static_cast<size_t>(n) > limit - std::min(limit, data.size())) throw FileError(TooLargeText(limit));
+        data.append(buf, static_cast<size_t>(n));
+    }
+}
+
+}  // namespace
+
+std::string ReadFileBytes(const std::string& path, size_t limit) {
+    struct stat st {};
+    const Fd fd(OpenForReading(path, st));
+    std::string data;
+    if (S_ISREG(st.st_mode) && st.st_size > 0) {
+        if (static_cast<uint64_t>(st.st_size) > limit) throw FileError(TooLargeText(limit));
+        data.reserve(static_cast<size_t>(st.st_size));
+    }
+    ReadAll(fd.get(), data, limit);
     return data;
 }
 
@@ -72,79 +131,45 @@ std::vector<std::string> FilesWithExtension(const std::string& folder, std::stri
     return files;
 }
 
-MappedFile::MappedFile(const std::string& path) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) throw FileError(ErrorText(errno));
+MappedFile::MappedFile(const std::string& path, size_t limit) {
     struct stat st {};
-    if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
-        const int err = S_ISDIR(st.st_mode) ? EISDIR : errno;
-        ::close(fd);
-        throw FileError(ErrorText(err));
-    }
-    size_ = static_cast<size_t>(st.st_size);
-    if (size_ > 0) {
-        void* p = ::mmap(nullptr, size_, PROT_READ, MAP_PRIVATE, fd, 0);
-        if (p == MAP_FAILED) {
-            const int err = errno;
-            ::close(fd);
-            throw FileError(ErrorText(err));
+    const Fd fd(OpenForReading(path, st));
+    // Only a regular file has a size to map by; one that says 0 (as the files
+    // under /proc do) is read as well, since its bytes come only from read().
+    if (S_ISREG(st.st_mode) && st.st_size > 0) {
+        const size_t size = static_cast<size_t>(st.st_size);
+        void* p = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, fd.get(), 0);
+        if (p == MAP_FAILED) throw FileError(ErrorText(errno));
+        guardSlot_ = mapping_guard::Register(p, size);
+        if (guardSlot_ >= 0) {
+            data_ = static_cast<const char*>(p);
+            size_ = size;
+            mapped_ = true;
+            ::madvise(p, size, MADV_SEQUENTIAL);
+            return;
         }
-        data_ = static_cast<const char*>(p);
-        ::madvise(p, size_, MADV_SEQUENTIAL);
+        ::munmap(p, size);  // no slot free to guard it: read it like a pipe
     }
-    ::close(fd);
+    ReadAll(fd.get(), owned_, limit);
+    data_ = owned_.data();
+    size_ = owned_.size();
 }
 
 MappedFile::~MappedFile() {
-    if (data_) ::munmap(const_cast<char*>(data_), size_);
+    if (!mapped_) return;
+    mapping_guard::Unregister(guardSlot_);
+    ::munmap(const_cast<char*>(data_), size_);
 }
 
 void MappedFile::release(size_t upTo) const {
-    if (!data_) return;
+    if (!mapped_) return;
     const size_t page = 4096;
     const size_t len = std::min(upTo, size_) / page * page;
     if (len > 0) ::madvise(const_cast<char*>(data_), len, MADV_DONTNEED);
 }
 
-SafeWriter::SafeWriter(std::string target) : target_(std::move(target)) {
-    temp_ = target_ + ".ortelix-tmp";
-    file_ = std::fopen(temp_.c_str(), "wb");
-    if (!file_) throw FileError(ErrorText(errno));
-    buffer_.reserve(1 << 16);
-}
-
-SafeWriter::~SafeWriter() {
-    if (file_) {
-        std::fclose(file_);
-        std::remove(temp_.c_str());
-    }
-}
-
-void SafeWriter::flush() {
-    if (buffer_.empty()) return;
-    if (std::fwrite(buffer_.data(), 1, buffer_.size(), file_) != buffer_.size()) throw FileError(ErrorText(errno));
-    buffer_.clear();
-}
-
-void SafeWriter::write(std::string_view bytes) {
-    buffer_.append(bytes);
-    if (buffer_.size() >= (1 << 16)) flush();
-}
-
-void SafeWriter::commit() {
-    flush();
-    std::FILE* f = file_;
-    file_ = nullptr;
-    if (std::fflush(f) != 0 || std::fclose(f) != 0) {
-        const int err = errno;
-        std::remove(temp_.c_str());
-        throw FileError(ErrorText(err));
-    }
-    if (std::rename(temp_.c_str(), target_.c_str()) != 0) {
-        const int err = errno;
-        std::remove(temp_.c_str());
-        throw FileError(ErrorText(err));
-    }
+void MappedFile::checkIntact() const {
+    if (mapped_ && mapping_guard::Cut(guardSlot_)) throw FileError(kChangedWhileReading);
 }
 
 }  // namespace ortelix

@@ -32,6 +32,9 @@ public:
     virtual void writeSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
     virtual bool hasSettings() = 0;
     virtual void syncSettings() = 0;
+    // Why the last syncSettings() could not write the store (a read-only or
+    // missing folder), in German; empty when it was written.
+    virtual std::string settingsProblem() { return {}; }
 
     // Dialogs. The filter is in the "Text (*.ext)|*.ext|..." form.
     virtual FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex,

@@ -3,6 +3,7 @@
 // and serial bytes, in-memory settings, and a clock that moves only when
 // the program waits.
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -49,6 +50,8 @@ public:
     void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
     bool hasSettings() override { return !settings.empty(); }
     void syncSettings() override {}
+    std::string settingsFailure;  // what settingsProblem() says; empty: the store was written
+    std::string settingsProblem() override { return settingsFailure; }
     FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
                           const std::string& folder, const std::string& defaultName) override;
     Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;
@@ -56,9 +59,11 @@ public:
                                         const std::string& defaultText) override;
     std::vector<bool> chooseDates(const std::vector<std::string>& dates) override;
     void setBusy(bool b) override { busy = b; }
+    std::function<void()> onYield;  // runs on each yield: lets a test act while a command runs
     bool yield() override {
         ++yields;
         clock += yieldAdvance;
+        if (onYield) onYield();
         return rightButtonDown;
     }
     double now() override { return clock; }
