@@ -396,6 +396,7 @@ void ReadGPXFile(Session& s, const std::string& path) {
     std::string decoded;
     const std::string_view text = AsUtf8(file.view(), decoded);
     ReadDoc(s, Doc{text, text.data() == file.view().data() ? &file : nullptr});
+    file.checkIntact();
 }
 
 }  // namespace ortelix
