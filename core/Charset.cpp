@@ -100,23 +100,72 @@ Charset CharsetFromName(std::string_view name) {
     return Charset::Utf8;
 }
 
+namespace {
+// One byte of a single-byte charset as UTF-8.
+void AppendSingleByte(std::string& out, unsigned char b, Charset cs) {
+    if (b < 0x80) out += static_cast<char>(b);
+    else if (cs == Charset::Windows1252 && b < 0xA0 && kCp1252High[b - 0x80]) AppendUtf8(out, kCp1252High[b - 0x80]);
+    else AppendUtf8(out, b);
+}
+}  // namespace
+
 std::string DecodeToUtf8(std::string_view bytes, Charset cs) {
-    if (cs == Charset::Utf8) {
-        if (IsValidUtf8(bytes)) return std::string(bytes);
-        cs = Charset::Windows1252;  // a file that claims UTF-8 but is not: keep its bytes as characters
-    }
     std::string out;
     out.reserve(bytes.size() + bytes.size() / 8);
-    for (char ch : bytes) {
-        const auto b = static_cast<unsigned char>(ch);
-        if (b < 0x80) {
-            out += ch;
-        } else if (cs == Charset::Windows1252 && b < 0xA0 && kCp1252High[b - 0x80]) {
-            AppendUtf8(out, kCp1252High[b - 0x80]);
+    if (cs == Charset::Utf8) {
+        for (size_t i = 0; i < bytes.size();) {
+            char32_t c;
+            const size_t n = DecodeOne(bytes, i, c);
+            if (n == 0) {
+                AppendSingleByte(out, static_cast<unsigned char>(bytes[i]), Charset::Windows1252);
+                ++i;
+            } else {
+                out.append(bytes.data() + i, n);
+                i += n;
+            }
+        }
+        return out;
+    }
+    for (char ch : bytes) AppendSingleByte(out, static_cast<unsigned char>(ch), cs);
+    return out;
+}
+
+Utf16Order DetectUtf16(std::string_view b) {
+    if (b.size() < 2) return Utf16Order::None;
+    const auto b0 = static_cast<unsigned char>(b[0]), b1 = static_cast<unsigned char>(b[1]);
+    if (b0 == 0xFF && b1 == 0xFE) return Utf16Order::Little;
+    if (b0 == 0xFE && b1 == 0xFF) return Utf16Order::Big;
+    if (b.size() >= 4 && b0 == '<' && b1 == 0 && b[2] == '?' && b[3] == 0) return Utf16Order::Little;
+    if (b.size() >= 4 && b0 == 0 && b1 == '<' && b[2] == 0 && b[3] == '?') return Utf16Order::Big;
+    return Utf16Order::None;
+}
+
+std::string DecodeUtf16(std::string_view b, Utf16Order order) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    const bool big = order == Utf16Order::Big;
+    auto unit = [&](size_t i) -> char32_t {
+        const auto lo = static_cast<unsigned char>(b[i + (big ? 1 : 0)]);
+        const auto hi = static_cast<unsigned char>(b[i + (big ? 0 : 1)]);
+        return static_cast<char32_t>(hi << 8 | lo);
+    };
+    size_t i = 0;
+    if (b.size() >= 2 && unit(0) == 0xFEFF) i = 2;
+    std::string out;
+    out.reserve(b.size() / 2 + b.size() / 8);
+    for (; i + 1 < b.size(); i += 2) {
+        const char32_t u = unit(i);
+        if (u < 0x80) {
+            out += static_cast<char>(u);
+        } else if (u < 0xD800 || u > 0xDFFF) {
+            AppendUtf8(out, u);
+        } else if (u <= 0xDBFF && i + 3 < b.size() && unit(i + 2) >= 0xDC00 && unit(i + 2) <= 0xDFFF) {
+            AppendUtf8(out, 0x10000 + ((u - 0xD800) << 10) + (unit(i + 2) - 0xDC00));
+            i += 2;
         } else {
-            AppendUtf8(out, b);
+            AppendUtf8(out, kReplacement);  // a surrogate without its partner
         }
     }
+    if (i < b.size()) AppendUtf8(out, kReplacement);  // half a unit at the end
     return out;
 }
 

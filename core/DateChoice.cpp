@@ -1,6 +1,5 @@
 // The date choice: readers that read a file twice note every date in the
 // first pass, the user ticks the wanted ones, the second pass keeps those.
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -12,37 +11,41 @@ namespace ortelix {
 
 void NoteDate(Session& s, Date date) {
     if (date.empty()) return;
-    auto& d = s.dates.Dates;
+    DateChoice& c = s.dates;
     // Logs run in date order: the last noted date is by far the likeliest.
-    if (!d.empty() && d.back() == *date) return;
-    if (std::find(d.begin(), d.end(), *date) != d.end()) return;
-    d.push_back(*date);
-    s.store.StatusText.set("Suche Datum ", static_cast<int64_t>(d.size()));
+    if (!c.Dates.empty() && c.Dates.back() == *date) return;
+    if (!c.known.insert(*date).second) return;
+    c.Dates.push_back(*date);
+    s.store.StatusText.set("Suche Datum ", static_cast<int64_t>(c.Dates.size()));
 }
 
 bool DateChosen(const Session& s, Date date) {
-    const auto& d = s.dates.Dates;
+    const DateChoice& c = s.dates;
     // A point without a date cannot be judged by its date, and is kept.
-    if (d.empty() || date.empty()) return true;
-    if (d.back() == *date) return true;
-    return std::find(d.begin(), d.end(), *date) != d.end();
+    if (c.Dates.empty() || date.empty()) return true;
+    if (c.Dates.back() == *date) return true;
+    return c.known.count(*date) != 0;
 }
 
 void AskDates(Session& s) {
-    auto& d = s.dates.Dates;
-    if (d.size() <= 1) return;
+    DateChoice& c = s.dates;
+    if (c.Dates.size() <= 1) return;
     s.store.StatusText.set("Warte auf Eingabe");
     std::vector<std::string> texts;
-    texts.reserve(d.size());
-    for (int32_t date : d) texts.push_back(IsoDate(date));
+    texts.reserve(c.Dates.size());
+    for (int32_t date : c.Dates) texts.push_back(IsoDate(date));
     const std::vector<bool> ticked = s.platform.chooseDates(texts);
     std::vector<int32_t> kept;
-    for (size_t i = 0; i < d.size(); ++i)
-        if (i < ticked.size() && ticked[i]) kept.push_back(d[i]);
+    for (size_t i = 0; i < c.Dates.size(); ++i)
+        if (i < ticked.size() && ticked[i]) kept.push_back(c.Dates[i]);
     // With nothing ticked the list is empty, and an empty list lets every date pass.
-    d = std::move(kept);
+    c.Dates = std::move(kept);
+    c.known = std::unordered_set<int32_t>(c.Dates.begin(), c.Dates.end());
 }
 
-void ClearDates(Session& s) { s.dates.Dates.clear(); }
+void ClearDates(Session& s) {
+    s.dates.Dates.clear();
+    s.dates.known.clear();
+}
 
 }  // namespace ortelix

@@ -3,6 +3,7 @@
 // survives new files and ClearStore: the kept point at the end of one file is
 // the first comparison of the next.
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 #include "core/DateTime.h"
@@ -36,9 +37,13 @@ struct TrackStatState {
     double CheckSpeedKmh = 0;
 };
 
-// The dates found in a log, and after the choice those that pass.
+// The dates found in a log, and after the choice those that pass. `Dates`
+// keeps the order in which they were found, for the dialog; `known` holds the
+// same dates for the lookup per point, so a log of many days costs no search
+// through the list. Change both through the routines of core/ReadFilter.h.
 struct DateChoice {
     std::vector<int32_t> Dates;
+    std::unordered_set<int32_t> known;
 };
 
 }  // namespace ortelix

@@ -28,17 +28,28 @@ inline size_t NextOpen(std::string_view text, size_t from, size_t to) {
     return p ? static_cast<size_t>(p - text.data()) : std::string_view::npos;
 }
 
-// The next "</tag>" in [from, to).
-size_t FindClose(std::string_view text, std::string_view tag, size_t from, size_t to) {
+// Is there "</tag>" at `at`, ending before `to`?
+inline bool ClosesAt(std::string_view text, size_t at, std::string_view tag, size_t to) {
+    return at + tag.size() + 3 <= to && text[at + 1] == '/' && SpellsAt(text, at + 2, tag) &&
+           text[at + 2 + tag.size()] == '>';
+}
+
+// The next "</tag>" in [from, to). With a `stop` tag the search gives up at
+// the first "</stop>": a child's closing tag is looked for only inside its
+// own point, so a child left open costs the point's length, not the file's.
+size_t FindClose(std::string_view text, std::string_view tag, size_t from, size_t to, std::string_view stop = {}) {
     for (size_t at = NextOpen(text, from, to); at != std::string_view::npos; at = NextOpen(text, at + 1, to)) {
-        if (at + tag.size() + 3 > to) return std::string_view::npos;
-        if (text[at + 1] == '/' && SpellsAt(text, at + 2, tag) && text[at + 2 + tag.size()] == '>') return at;
+        if (at + 3 > to) break;
+        if (text[at + 1] != '/') continue;
+        if (ClosesAt(text, at, tag, to)) return at;
+        if (!stop.empty() && ClosesAt(text, at, stop, to)) break;
     }
     return std::string_view::npos;
 }
 
-// Completes an element whose start tag name ends at `behind`.
-Element Complete(std::string_view text, std::string_view tag, size_t behind, size_t scopeEnd) {
+// Completes an element whose start tag name ends at `behind`; `stop` as for FindClose.
+Element Complete(std::string_view text, std::string_view tag, size_t behind, size_t scopeEnd,
+                 std::string_view stop = {}) {
     Element e;
     e.next = text.size();
     const char* gtp = FindByte(text.data() + behind, text.data() + scopeEnd, '>');
@@ -52,7 +63,7 @@ Element Complete(std::string_view text, std::string_view tag, size_t behind, siz
             return e;
         }
     }
-    const size_t close = FindClose(text, tag, behind, scopeEnd);
+    const size_t close = FindClose(text, tag, behind, scopeEnd, stop);
     if (close == std::string_view::npos) return e;
     e.begin = behind;
     e.end = close;
@@ -128,17 +139,22 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
         e.found = true;
         return e;
     }
-    // One walk to the closing tag, noting the first complete child of each name.
-    size_t childEnd[16];
+    // One walk to the closing tag, noting the first complete child of each
+    // name. A child whose closing tag is not in the point is not looked for
+    // again: a later one of the same name could only find less.
+    constexpr size_t kMaxChildren = 16;
+    count = std::min(count, kMaxChildren);
+    size_t childEnd[kMaxChildren];
+    bool givenUp[kMaxChildren] = {};
     for (size_t p = NextOpen(text, gt, scopeEnd); p != std::string_view::npos; p = NextOpen(text, p + 1, scopeEnd)) {
         if (p + 1 < scopeEnd && text[p + 1] == '/') {
-            if (p + tag.size() + 3 <= scopeEnd && SpellsAt(text, p + 2, tag) && text[p + 2 + tag.size()] == '>') {
+            if (ClosesAt(text, p, tag, scopeEnd)) {
                 e.begin = behind;
                 e.end = p;
                 e.next = p + tag.size() + 3;
                 e.found = true;
                 // A child counts only if it closed inside the element.
-                for (size_t i = 0; i < count && i < 16; ++i)
+                for (size_t i = 0; i < count; ++i)
                     if (values[i].data() && childEnd[i] > p) values[i] = {};
                 return e;
             }
@@ -147,30 +163,32 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
         size_t nameEnd = p + 1;
         while (nameEnd < scopeEnd && !Delimiter(text[nameEnd]) && text[nameEnd] != '<') ++nameEnd;
         if (nameEnd >= scopeEnd) break;
+        if (text[nameEnd] == '<') continue;  // "<ele<" opens no element
         const size_t len = nameEnd - p - 1;
-        for (size_t i = 0; i < count && i < 16; ++i) {
-            if (values[i].data() || names[i].size() != len || !SpellsAt(text, p + 1, names[i])) continue;
+        for (size_t i = 0; i < count; ++i) {
+            if (values[i].data() || givenUp[i] || names[i].size() != len || !SpellsAt(text, p + 1, names[i])) continue;
             // The usual child: plain text straight up to its own closing tag.
             const char* gt = FindByte(text.data() + nameEnd, text.data() + scopeEnd, '>');
             if (gt && gt[-1] != '/') {
                 const size_t from = static_cast<size_t>(gt - text.data()) + 1;
                 const char* lt = FindByte(text.data() + from, text.data() + scopeEnd, '<');
                 const size_t close = lt ? static_cast<size_t>(lt - text.data()) : scopeEnd;
-                if (lt && close + len + 3 <= scopeEnd && text[close + 1] == '/' && SpellsAt(text, close + 2, names[i]) &&
-                    text[close + 2 + len] == '>') {
+                if (lt && ClosesAt(text, close, names[i], scopeEnd)) {
                     values[i] = text.substr(from, close - from);
                     childEnd[i] = close;
                     p = close + len + 2;  // the walk goes on behind the closing tag
                     break;
                 }
             }
-            const Element c = Complete(text, names[i], nameEnd, scopeEnd);
+            const Element c = Complete(text, names[i], nameEnd, scopeEnd, tag);
             if (c.found) {
                 const std::string_view inner = InnerText(text, c);
                 values[i] = inner.data() ? inner : text.substr(c.end, 0);
                 childEnd[i] = c.end;
                 // A child with plain text holds no tag: walk on behind it.
                 if (inner.data() && FindByte(inner.data(), inner.data() + inner.size(), '<') == nullptr) p = c.next - 1;
+            } else {
+                givenUp[i] = true;
             }
             break;
         }
@@ -218,16 +236,24 @@ std::string_view AttributeValue(std::string_view tag, std::string_view name, boo
 }
 
 std::string DecodeEntities(std::string_view t) {
+    constexpr size_t kLongestReference = 11;  // "&" up to and with ";"
     if (t.find('&') == std::string_view::npos) return std::string(t);
     std::string out;
     out.reserve(t.size());
     for (size_t i = 0; i < t.size();) {
         if (t[i] != '&') {
-            out += t[i++];
+            const char* amp = FindByte(t.data() + i, t.data() + t.size(), '&');
+            const size_t to = amp ? static_cast<size_t>(amp - t.data()) : t.size();
+            out.append(t.data() + i, to - i);
+            i = to;
             continue;
         }
-        const size_t semi = t.find(';', i);
-        if (semi == std::string_view::npos || semi - i > 10) {
+        // The longest reference ("&#x10FFFF;", "&#1114111;") is ten bytes: a
+        // ";" further away ends no reference, so only that far is looked at.
+        const size_t reach = std::min(t.size(), i + kLongestReference);
+        const char* semip = FindByte(t.data() + i + 1, t.data() + reach, ';');
+        const size_t semi = semip ? static_cast<size_t>(semip - t.data()) : std::string_view::npos;
+        if (semi == std::string_view::npos) {
             out += t[i++];
             continue;
         }

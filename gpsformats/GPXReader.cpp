@@ -1,4 +1,5 @@
 #include <cstring>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,28 @@ struct Doc {
     }
 };
 
+// Does the text (blanks and a sign aside) begin with `word`, without regard to case?
+bool BeginsWithWord(std::string_view text, std::string_view word) {
+    text = Trim(text);
+    if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
+    if (text.size() < word.size()) return false;
+    for (size_t i = 0; i < word.size(); ++i)
+        if ((text[i] | 0x20) != word[i]) return false;
+    return true;
+}
+
+// A coordinate by the leading-number rule (with a decimal comma for the short
+// vocabulary). "nan" and "inf" stay what they say instead of reading as 0, so
+// that the store refuses the point rather than placing it on the equator.
+double CoordinateValue(std::string_view text, bool decimalComma) {
+    if (BeginsWithWord(text, "nan")) return std::numeric_limits<double>::quiet_NaN();
+    if (BeginsWithWord(text, "inf")) {
+        const double inf = std::numeric_limits<double>::infinity();
+        return Trim(text)[0] == '-' ? -inf : inf;
+    }
+    return decimalComma ? ParseCoordinate(text) : LeadingNumber(text);
+}
+
 // lat and lon of a point's start tag; false when one of them is missing or empty.
 bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
     const std::string_view tag = StartTag(d.text, e);
@@ -56,9 +79,31 @@ bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
     const std::string_view latText = AttributeValue(tag, "lat", hasLat);
     const std::string_view lonText = AttributeValue(tag, "lon", hasLon);
     if (!hasLat || !hasLon || Trim(latText).empty() || Trim(lonText).empty()) return false;
-    lat = LeadingNumber(latText);
-    lon = LeadingNumber(lonText);
+    lat = CoordinateValue(latText, false);
+    lon = CoordinateValue(lonText, false);
     return true;
+}
+
+// The same for the short vocabulary, whose lon and lat are child elements: a
+// point without either has no position and is not taken (rather than at 0).
+bool ShortPosition(std::string_view lonText, std::string_view latText, double& lon, double& lat) {
+    if (lonText.empty() || latText.empty()) return false;  // the values come trimmed
+    lon = CoordinateValue(lonText, true);
+    lat = CoordinateValue(latText, true);
+    return true;
+}
+
+// A GPX time element: the date, and the time of day. A text that holds only
+// a time ("12:34:56Z", "T12:34:56") keeps that time without a date; a text
+// whose date part cannot be read gives neither.
+DateAndTime GpxTime(std::string_view text) {
+    DateAndTime m = NormaliseDateTime(text);
+    if (m.date.empty()) {
+        size_t mark = 0;
+        while (mark < text.size() && (text[mark] | 0x20) != 't') ++mark;
+        if (mark != 0 && mark != text.size()) m.time = {};  // something before the time mark that is no date
+    }
+    return m;
 }
 
 // The XML declaration's encoding, if the file has one.
@@ -205,8 +250,9 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
             p.alt = ParseAltitude(c[0]);
             p.speed = SpeedFromMetresPerSecond(c[1]);
             p.course = ParseCourse(c[2]);
-            p.date = ParseDate(c[3]);
-            p.time = p.date.empty() ? Time() : ParseTime(c[3]);
+            const DateAndTime when = GpxTime(c[3]);
+            p.date = when.date;
+            p.time = when.time;
             p.sat = c[4];
             p.fix = c[5];
             AddTrackPoint(s, p);
@@ -227,8 +273,7 @@ void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
         s.progress();
         d.passed(ptPos);
         TrackPointIn p;
-        p.lon = ParseCoordinate(c[0]);
-        p.lat = ParseCoordinate(c[1]);
+        if (!ShortPosition(c[0], c[1], p.lon, p.lat)) continue;
         p.speed = ParseSpeed(c[2]);
         p.alt = ParseAltitude(c[3]);
         p.course = ParseCourse(c[4]);
@@ -243,37 +288,31 @@ void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
 constexpr std::string_view kGpxPointChildren[] = {"name", "desc", "cmt", "ele", "course", "time"};
 
 // A route point or waypoint of the GPX vocabulary; false when it has no position.
-bool GpxGeoPoint(const Doc& d, const Element& pt, const std::string_view (&c)[6], bool normaliseTime, GeoPointIn& g) {
+bool GpxGeoPoint(const Doc& d, const Element& pt, const std::string_view (&c)[6], GeoPointIn& g) {
     if (!Position(d, pt, g.lon, g.lat)) return false;
     g.name = DecodeEntities(c[0]);
     g.desc = DecodeEntities(c[1]);
     g.cmt = DecodeEntities(c[2]);
     g.alt = ParseAltitude(c[3]);
     g.course = ParseCourse(c[4]);
-    if (normaliseTime) {
-        const DateAndTime dt = NormaliseDateTime(c[5]);
-        g.date = dt.date;
-        g.time = dt.date.empty() ? Time() : dt.time;
-    } else {
-        g.date = ParseDate(c[5]);
-        g.time = g.date.empty() ? Time() : ParseTime(c[5]);
-    }
+    const DateAndTime when = GpxTime(c[5]);
+    g.date = when.date;
+    g.time = when.time;
     return true;
 }
 
 constexpr std::string_view kShortPointChildren[] = {"lon", "lat", "name", "description", "info", "alt", "date", "time"};
 
-GeoPointIn ShortGeoPoint(const std::string_view (&c)[8]) {
-    GeoPointIn g;
-    g.lon = ParseCoordinate(c[0]);
-    g.lat = ParseCoordinate(c[1]);
+// A route point or waypoint of the short vocabulary; false when it has no position.
+bool ShortGeoPoint(const std::string_view (&c)[8], GeoPointIn& g) {
+    if (!ShortPosition(c[0], c[1], g.lon, g.lat)) return false;
     g.name = DecodeEntities(c[2]);
     g.desc = DecodeEntities(c[3]);
     g.cmt = DecodeEntities(c[4]);
     g.alt = ParseAltitude(c[5]);
     g.date = ParseDate(c[6]);
     g.time = ParseTime(c[7]);
-    return g;
+    return true;
 }
 
 // Walks every `outer` element and every `point` in it, with the point's children.
@@ -304,14 +343,17 @@ void ReadGpxRoutes(Session& s, const Doc& d) {
          [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
          [&](const Element& pt, const std::string_view (&c)[6]) {
              GeoPointIn g;
-             if (GpxGeoPoint(d, pt, c, false, g)) AddRoutePoint(s.store, g);
+             if (GpxGeoPoint(d, pt, c, g)) AddRoutePoint(s.store, g);
          });
 }
 
 void ReadShortRoutes(Session& s, const Doc& d) {
     Walk(s, d, "route", d.closings.route, "rwp", kShortPointChildren,
          [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
-         [&](const Element&, const std::string_view (&c)[8]) { AddRoutePoint(s.store, ShortGeoPoint(c)); });
+         [&](const Element&, const std::string_view (&c)[8]) {
+             GeoPointIn g;
+             if (ShortGeoPoint(c, g)) AddRoutePoint(s.store, g);
+         });
 }
 
 template <size_t N>
@@ -326,9 +368,9 @@ void ReadPoints(Session& s, const Doc& d, std::string_view tag, const std::strin
         d.passed(pos);
         GeoPointIn g;
         if constexpr (N == 6) {
-            if (!GpxGeoPoint(d, pt, c, true, g)) continue;
+            if (!GpxGeoPoint(d, pt, c, g)) continue;
         } else {
-            g = ShortGeoPoint(c);
+            if (!ShortGeoPoint(c, g)) continue;
         }
         AddWayPoint(s, std::move(g));
     }
@@ -375,8 +417,13 @@ void ReadDoc(Session& s, Doc d) {
 }
 
 // The text in UTF-8: the bytes themselves when they are UTF-8 or plain ASCII,
-// else a decoded copy held in `decoded`.
+// else a decoded copy held in `decoded`. A UTF-16 file is known by its first
+// bytes; its declaration then names UTF-16, which the scan need not know.
 std::string_view AsUtf8(std::string_view bytes, std::string& decoded) {
+    if (const Utf16Order order = DetectUtf16(bytes); order != Utf16Order::None) {
+        decoded = DecodeUtf16(bytes, order);
+        return decoded;
+    }
     const Charset cs = DeclaredCharset(bytes);
     if (AllAscii(bytes) || (cs == Charset::Utf8 && IsValidUtf8(bytes))) return bytes;
     decoded = DecodeToUtf8(bytes, cs);

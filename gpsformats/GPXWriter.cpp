@@ -24,8 +24,21 @@ constexpr std::string_view kHeader =
     "creator=\"Ortelix\">\r\n"
     "\r\n";
 
-// Appends text that is already UTF-8 as ISO-8859-1 ("?" for what it cannot hold).
-void Text(std::string& out, std::string_view utf8) { out += EncodeFromUtf8(utf8, Charset::Latin1); }
+// Appends text that is already UTF-8 as ISO-8859-1 character data. "&", "<"
+// and ">" go as entities, so that any name gives well-formed XML; a character
+// that ISO-8859-1 lacks becomes "?", and so does a control character, which
+// XML 1.0 cannot carry in any form.
+void Text(std::string& out, std::string_view utf8) {
+    for (const char c : EncodeFromUtf8(utf8, Charset::Latin1)) {
+        switch (c) {
+            case '&': out += "&amp;"; break;
+            case '<': out += "&lt;"; break;
+            case '>': out += "&gt;"; break;
+            case '\t': case '\n': case '\r': out += c; break;
+            default: out += (static_cast<unsigned char>(c) < 0x20) ? '?' : c;
+        }
+    }
+}
 
 
 void Int(std::string& out, long long v) {

@@ -1,0 +1,140 @@
+// What the GPX reader makes of files from elsewhere: UTF-16 and mislabelled
+// charsets, times without a date, positions that are missing.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "core/ReadFilter.h"
+#include "core/Session.h"
+#include "fake/FakePlatform.h"
+#include "gpsformats/GPX.h"
+
+namespace fs = std::filesystem;
+
+namespace ortelix {
+namespace {
+
+class GPXFidelity : public ::testing::Test {
+protected:
+    void SetUp() override { s.options.List[7] = 1; }  // all points
+    std::string Write(const std::string& bytes) {
+        const fs::path p = fs::temp_directory_path() /
+                           ("ortelix-gpxfid-" + std::to_string(::getpid()) + "-" +
+                            ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".gpx");
+        std::ofstream(p, std::ios::binary) << bytes;
+        paths.push_back(p);
+        return p.string();
+    }
+    void TearDown() override {
+        for (const auto& p : paths) fs::remove(p);
+    }
+    FakePlatform platform;
+    Session s{platform};
+    std::vector<fs::path> paths;
+};
+
+// UTF-8 text (ASCII and the characters below) as UTF-16 units in either order.
+std::string AsUtf16(const std::u16string& text, bool big, bool mark) {
+    std::string out;
+    std::u16string all = mark ? u"\uFEFF" + text : text;
+    for (char16_t u : all) {
+        const char hi = static_cast<char>(u >> 8), lo = static_cast<char>(u & 0xFF);
+        out += big ? hi : lo;
+        out += big ? lo : hi;
+    }
+    return out;
+}
+
+TEST_F(GPXFidelity, Utf16FilesAreDecodedAndRead) {
+    const std::u16string doc =
+        u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\r\n<gpx><wpt lat=\"47.5\" lon=\"8.5\"><name>Z\u00FCrich \U0001F5FA</name>"
+        u"</wpt><trk><name>Tour \u20AC</name><trkseg><trkpt lat=\"47.1\" lon=\"8.1\"><ele>400</ele></trkpt>"
+        u"<trkpt lat=\"47.2\" lon=\"8.2\"/></trkseg></trk></gpx>";
+    struct Case {
+        bool big, mark;
+    };
+    for (const Case c : {Case{false, true}, Case{true, true}, Case{false, false}, Case{true, false}}) {
+        FakePlatform p;
+        Session t(p);
+        t.options.List[7] = 1;
+        ReadGPXFile(t, Write(AsUtf16(doc, c.big, c.mark)));
+        SCOPED_TRACE(std::string(c.big ? "big" : "little") + (c.mark ? " with mark" : " without mark"));
+        ASSERT_EQ(t.store.WayPoints.size(), 1u);
+        EXPECT_EQ(t.store.WayPoints[0].Name, "Z\xC3\xBCrich \xF0\x9F\x97\xBA");
+        EXPECT_EQ(t.store.WayPoints[0].Lat, 47.5);
+        ASSERT_EQ(t.store.Tracks.size(), 1u);
+        EXPECT_EQ(t.store.Tracks[0].Name, "Tour \xE2\x82\xAC");
+        ASSERT_EQ(t.store.Tracks[0].Points.size(), 2u);
+        EXPECT_EQ(*t.store.Tracks[0].Points[0].Alt, 400);
+        EXPECT_EQ(t.store.Tracks[0].Points[1].Lon, 8.2);
+    }
+}
+
+TEST_F(GPXFidelity, InvalidUtf8IsReadAsWindows1252) {
+    // Declared UTF-8 (or nothing) but written by a single-byte program, with
+    // one good UTF-8 umlaut among them: nothing is dropped.
+    for (const std::string head : {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>", ""}) {
+        FakePlatform p;
+        Session t(p);
+        ReadGPXFile(t, Write(head + "<gpx><wpt lat=\"1\" lon=\"2\"><name>M\xFCnchen \x80 5</name>"
+                                    "<desc>Stra\xC3\x9F" "e</desc></wpt></gpx>"));
+        ASSERT_EQ(t.store.WayPoints.size(), 1u);
+        EXPECT_EQ(t.store.WayPoints[0].Name, "M\xC3\xBCnchen \xE2\x82\xAC 5");
+        EXPECT_EQ(t.store.WayPoints[0].Desc, "Stra\xC3\x9F" "e");
+    }
+}
+
+TEST_F(GPXFidelity, TimeWithoutDateKeepsTheTime) {
+    ReadGPXText(s, "<gpx><wpt lat=\"1\" lon=\"1\"><time>12:34:56Z</time></wpt>"
+                   "<wpt lat=\"2\" lon=\"2\"><time>2006-13-45T12:00:00Z</time></wpt>"
+                   "<rte><rtept lat=\"3\" lon=\"3\"><time>T08:09:10</time></rtept></rte>"
+                   "<trk><trkseg>"
+                   "<trkpt lat=\"4\" lon=\"4\"><time>T23:59:59Z</time></trkpt>"
+                   "<trkpt lat=\"5\" lon=\"5\"><time> 07:00:01 </time></trkpt>"
+                   "<trkpt lat=\"6\" lon=\"6\"><time>kaputt</time></trkpt>"
+                   "<trkpt lat=\"7\" lon=\"7\"><time>2006-02-16T01:02:03Z</time></trkpt>"
+                   "</trkseg></trk></gpx>");
+    ASSERT_EQ(s.store.WayPoints.size(), 2u);
+    EXPECT_TRUE(s.store.WayPoints[0].Date_.empty());
+    EXPECT_EQ(*s.store.WayPoints[0].Time_, 12 * 3600 + 34 * 60 + 56);
+    // A date that cannot be read takes its time with it.
+    EXPECT_TRUE(s.store.WayPoints[1].Date_.empty());
+    EXPECT_TRUE(s.store.WayPoints[1].Time_.empty());
+    EXPECT_EQ(*s.store.Routes.at(0).Points.at(0).Time_, 8 * 3600 + 9 * 60 + 10);
+    const auto& p = s.store.Tracks.at(0).Points;
+    ASSERT_EQ(p.size(), 4u);
+    EXPECT_TRUE(p[0].Date_.empty());
+    EXPECT_EQ(*p[0].Time_, 86399);
+    EXPECT_EQ(*p[1].Time_, 7 * 3600 + 1);
+    EXPECT_TRUE(p[2].Time_.empty() && p[2].Date_.empty());
+    EXPECT_EQ(*p[3].Date_, 38764);
+    EXPECT_EQ(*p[3].Time_, 3723);
+}
+
+TEST_F(GPXFidelity, ElementsWithoutPositionAreNotTaken) {
+    // The short vocabulary's lon and lat are children: a point lacking one of
+    // them (or holding it empty) has no position and never lands at 0/0.
+    ReadGPXText(s, "<gpx><wp><name>ohne</name></wp><wp><lon>3</lon><name>halb</name></wp>"
+                   "<wp><lon> </lon><lat>4</lat><name>leer</name></wp>"
+                   "<wp><lon>7,5</lon><lat>4</lat><name>gut</name></wp>"
+                   "<route><name>R</name><rwp><name>ohne</name></rwp><rwp><lon>1</lon><lat>2</lat></rwp></route>"
+                   "<track><trp><lat>48</lat></trp><trp><lon>11</lon><lat>48</lat></trp></track>"
+                   "<wpt lon=\"1\"><name>ohne lat</name></wpt><wpt lat=\"\" lon=\"1\"/></gpx>");
+    ASSERT_EQ(s.store.WayPoints.size(), 1u);
+    EXPECT_EQ(s.store.WayPoints[0].Name, "gut");
+    EXPECT_EQ(s.store.WayPoints[0].Lon, 7.5);
+    ASSERT_EQ(s.store.Routes.size(), 1u);
+    ASSERT_EQ(s.store.Routes[0].Points.size(), 1u);
+    EXPECT_EQ(s.store.Routes[0].Points[0].Lat, 2);
+    ASSERT_EQ(s.store.Tracks.size(), 1u);
+    ASSERT_EQ(s.store.Tracks[0].Points.size(), 1u);
+    EXPECT_EQ(s.store.Tracks[0].Points[0].Lon, 11);
+    // Points without a position are passed over silently, as GPX points without lat are.
+    EXPECT_EQ(s.store.SkippedWayPoints, 0);
+    EXPECT_EQ(s.store.SkippedTrackPoints, 0);
+}
+
+}  // namespace
+}  // namespace ortelix
