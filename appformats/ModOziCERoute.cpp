@@ -1,7 +1,11 @@
 #include "appformats/ModOziCERoute.h"
 
+#include <vector>
+
 #include "appformats/ModOziNumbers.h"
+#include "core/Failure.h"
 #include "core/FileIO.h"
+#include "core/ModulMain.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
@@ -43,14 +47,18 @@ void OziCERouteDateienSchreiben(Session& s, const std::string& file) {
     if (file.empty()) return;
     const size_t n = s.store.Routes.size();
     if (n == 0) {
-        s.platform.messageBox("Kein Datensatz vorhanden!", "Datensatz wählen", Buttons::Ok, Icon::Information);
+        ReportNothingToWrite(s);
         return;
     }
     if (n == 1) {
         OziCERouteSchreiben(s, file, 1);
         return;
     }
-    for (size_t i = 1; i <= n; ++i) OziCERouteSchreiben(s, OziNumberedFile(file, i, ".rt2"), static_cast<int>(i));
+    std::vector<std::string> files;
+    for (size_t i = 1; i <= n; ++i) files.push_back(OziNumberedFile(file, i, ".rt2"));
+    if (!ConfirmOverwriteFiles(s, files)) return;
+    for (size_t i = 1; i <= n; ++i) OziCERouteSchreiben(s, files[i - 1], static_cast<int>(i));
+    ReportFilesWritten(s, files);
 }
 
 void OziCERouteLesenText(Session& s, std::string_view bytes, std::string_view name) {

@@ -6,7 +6,9 @@
 
 #include "appformats/ModOziNumbers.h"
 #include "appformats/ModOziWaypoint.h"
+#include "core/Failure.h"
 #include "core/FileIO.h"
+#include "core/ModulMain.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
@@ -70,9 +72,12 @@ std::string OziRouteText(const DataStore& store, std::string_view today) {
 void OziRouteSchreiben(Session& s, const std::string& file) {
     if (file.empty()) return;
     if (s.store.Routes.empty()) {
-        s.platform.messageBox("Kein Datensatz vorhanden!", "Datensatz wählen", Buttons::Ok, Icon::Information);
+        ReportNothingToWrite(s);
         return;
     }
+    // The save dialog asked about the route file; the companion is a second file.
+    const std::string companionFile = file + ".wpt";
+    if (!ConfirmOverwriteFiles(s, {companionFile})) return;
     s.platform.setBusy(true);
     {
         SafeWriter w(file);
@@ -82,11 +87,11 @@ void OziRouteSchreiben(Session& s, const std::string& file) {
     std::vector<const GeoPoint*> points;
     for (const Route& r : s.store.Routes)
         for (const GeoPoint& p : r.Points) points.push_back(&p);
-    SafeWriter companion(file + ".wpt");
+    SafeWriter companion(companionFile);
     companion.write(OziWegepunkteText(points, true));
     companion.commit();
     s.platform.setBusy(false);
-    s.store.StatusText.set("Fertig");
+    ReportFilesWritten(s, {file, companionFile});
 }
 
 void OziRouteLesenText(Session& s, std::string_view bytes, std::string_view name) {

@@ -6,7 +6,9 @@
 
 #include "appformats/ModOziNumbers.h"
 #include "coordinates/Datum.h"
+#include "core/Failure.h"
 #include "core/FileIO.h"
+#include "core/ModulMain.h"
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
 #include "core/Session.h"
@@ -71,10 +73,6 @@ void Produce(const Track& t, std::string_view name, Emit emit) {
     emit(out);
 }
 
-void NothingToWrite(Session& s) {
-    s.platform.messageBox("Kein Datensatz vorhanden!", "Datensatz wählen", Buttons::Ok, Icon::Information);
-}
-
 }  // namespace
 
 std::string OziTrackText(const Track& t, std::string_view name) {
@@ -98,14 +96,18 @@ void OziTrackDateienSchreiben(Session& s, const std::string& file) {
     if (file.empty()) return;
     const size_t n = s.store.Tracks.size();
     if (n == 0) {
-        NothingToWrite(s);
+        ReportNothingToWrite(s);
         return;
     }
     if (n == 1) {
         OziTrackSchreiben(s, file, 1);
         return;
     }
-    for (size_t i = 1; i <= n; ++i) OziTrackSchreiben(s, OziNumberedFile(file, i, ".plt"), static_cast<int>(i));
+    std::vector<std::string> files;
+    for (size_t i = 1; i <= n; ++i) files.push_back(OziNumberedFile(file, i, ".plt"));
+    if (!ConfirmOverwriteFiles(s, files)) return;
+    for (size_t i = 1; i <= n; ++i) OziTrackSchreiben(s, files[i - 1], static_cast<int>(i));
+    ReportFilesWritten(s, files);
 }
 
 void OziTrackLesenText(Session& s, std::string_view bytes, std::string_view name) {

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "cli/DatesFlag.h"
+#include "commands/CommandRun.h"
 #include "commands/CommandTable.h"
 #include "coordinates/Datum.h"
 #include "coordinates/Geoid.h"
@@ -73,8 +74,12 @@ bool ReadInput(CliContext& ctx, const std::string& path, const std::string& form
         return false;
     }
     Session& s = *ctx.session;
-    s.store.PendingName = SplitPath(path, 1);
-    return RunReader(s, reader->title, [&] { reader->run(s, path); });
+    switch (ReadFileWith(s, *reader, path)) {
+        case ReadOutcome::Read: return true;
+        case ReadOutcome::Empty: std::fprintf(stderr, "%s\n", s.store.StatusText.text().c_str()); return false;
+        case ReadOutcome::Failed: return false;  // the failure handler has said why
+    }
+    return false;
 }
 
 }  // namespace ortelix

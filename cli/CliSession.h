@@ -22,7 +22,8 @@ struct CliContext {
 // Returns false (with ctx.error) on a bad flag.
 bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args);
 
-// Reads one file with the reader for its format (or the given one); false on failure.
+// Reads one file with the reader for its format (or the given one). False,
+// with the message on stderr, when it failed or brought nothing.
 bool ReadInput(CliContext& ctx, const std::string& path, const std::string& format);
 
 }  // namespace ortelix

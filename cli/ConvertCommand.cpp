@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <sys/stat.h>
 
 #include "cli/CliCommands.h"
 #include "cli/CliSession.h"
@@ -7,6 +8,44 @@
 #include "core/ModulShared.h"
 
 namespace ortelix {
+
+namespace {
+
+constexpr const char* kFormatsHint = "(ortelix formats zeigt die Formate)";
+
+// The writer for the target, or nullptr after saying why there is none. The
+// OziExplorer set, whose extension row is empty, is found only by its name.
+const Command* TargetWriter(const std::string& output, const std::string& formatFlag) {
+    if (output.empty()) {
+        std::fprintf(stderr, "kein Schreibformat für einen leeren Dateinamen\n");
+        return nullptr;
+    }
+    struct stat st {};
+    if (::stat(output.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
+        std::fprintf(stderr, "%s: kein Schreibformat für einen Ordner\n", output.c_str());
+        return nullptr;
+    }
+    const std::string key = formatFlag.empty() ? LowerExtension(output) : formatFlag;
+    if (key.empty()) {
+        std::fprintf(stderr, "%s: kein Schreibformat ohne Dateiendung; -o FORMAT nennt es %s\n", output.c_str(),
+                     kFormatsHint);
+        return nullptr;
+    }
+    const Command* writer = FindFormat(key, CommandKind::Write);
+    if (!writer)
+        std::fprintf(stderr, "%s: kein Schreibformat für \"%s\" %s\n", output.c_str(), key.c_str(), kFormatsHint);
+    return writer;
+}
+
+// True when an input is the target file itself, by any name or link: it
+// would be replaced by what was read from it.
+bool SameFile(const std::string& input, const std::string& output) {
+    struct stat in {}, out {};
+    if (::stat(output.c_str(), &out) != 0 || !S_ISREG(out.st_mode)) return false;
+    return ::stat(input.c_str(), &in) == 0 && in.st_dev == out.st_dev && in.st_ino == out.st_ino;
+}
+
+}  // namespace
 
 int ConvertCommand(const std::vector<std::string>& args) {
     CliContext ctx;
@@ -19,21 +58,26 @@ int ConvertCommand(const std::vector<std::string>& args) {
         return 2;
     }
     const std::string output = ctx.positional.back();
-    std::string outKey = ctx.outputFormat;
-    if (outKey.empty()) outKey = LowerExtension(output);
-    const Command* writer = FindFormat(outKey, CommandKind::Write);
-    if (!writer) {
-        std::fprintf(stderr, "%s: kein Schreibformat für \"%s\" (ortelix formats zeigt die Formate)\n", output.c_str(),
-                     outKey.c_str());
-        return 2;
+    const std::vector<std::string> inputs(ctx.positional.begin(), ctx.positional.end() - 1);
+    const Command* writer = TargetWriter(output, ctx.outputFormat);
+    if (!writer) return 2;
+    for (const std::string& in : inputs) {
+        if (SameFile(in, output)) {
+            std::fprintf(stderr, "Eingabe und Ausgabe sind dieselbe Datei: %s\n", in.c_str());
+            return 2;
+        }
     }
     bool ok = true;
-    for (size_t i = 0; i + 1 < ctx.positional.size(); ++i) ok = ReadInput(ctx, ctx.positional[i], ctx.inputFormat) && ok;
-    // What was read is written even when one input failed; the exit code tells.
+    for (const std::string& in : inputs) ok = ReadInput(ctx, in, ctx.inputFormat) && ok;
+    // A store missing one input is not what the user asked for: the target
+    // stays as it is.
+    if (!ok) {
+        std::fprintf(stderr, "%s wird nicht geschrieben.\n", output.c_str());
+        return 1;
+    }
     Session& s = *ctx.session;
     s.store.PendingName.clear();
-    ok = RunWriter(s, CommandTitle(*writer), [&] { writer->run(s, output); }) && ok;
-    return ok ? 0 : 1;
+    return RunWriter(s, CommandTitle(*writer), [&] { writer->run(s, output); }) ? 0 : 1;
 }
 
 }  // namespace ortelix

@@ -2,6 +2,7 @@
 
 #include "cli/CliCommands.h"
 #include "cli/CliSession.h"
+#include "core/Failure.h"
 #include "core/ModulMain.h"
 #include "core/Settings.h"
 #include "platform/QtCommon.h"
@@ -21,6 +22,11 @@ int SettingsCommand(const std::vector<std::string>& args) {
     if (ctx.positional.size() == 1 && ctx.positional[0] == "reset") {
         ResetSettings(s.options, MapStitcherFound(s));
         SaveSettings(s);
+        const std::string problem = s.platform.settingsProblem();
+        if (!problem.empty()) {
+            s.platform.messageBox(FailureText(kWriteFailed, problem), "Grundeinstellung", Buttons::Ok, Icon::Critical);
+            return 1;
+        }
         std::printf("Die Grundeinstellung ist gespeichert: %s\n", qtcommon::SettingsPath().c_str());
         return 0;
     }

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/Failure.h"
+#include "core/ReadFilter.h"
 #include "core/ModulMain.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
@@ -13,19 +14,45 @@
 namespace ortelix {
 
 
+void BeginCommand(Session& s) { s.UserAbort = false; }
+
 std::string ChooseInput(Session& s, const Command& c) {
     FileChoice f = FileDialog(s, CommandTitle(c), CommandFilter(c), 1, DialogMode::Open);
     s.DialogFilterIndex = f.filterIndex;
     return f.path;
 }
 
-bool ReadWith(Session& s, const Command& c, const std::string& path) {
-    if (!c.run) return false;
+namespace {
+// Everything a read can add; readers only ever add, so a read that leaves
+// this unchanged brought nothing.
+int64_t ItemsInStore(const DataStore& st) {
+    return st.TrackPointTotal() + st.RoutePointTotal() + static_cast<int64_t>(st.WayPoints.size()) +
+           static_cast<int64_t>(st.Flaechen.size());
+}
+}  // namespace
+
+ReadOutcome ReadFileWith(Session& s, const Command& reader, const std::string& path) {
+    if (!reader.run) return ReadOutcome::Failed;
+    const int64_t before = ItemsInStore(s.store);
     s.store.PendingName = SplitPath(path, 1);
-    return RunReader(s, CommandTitle(c), [&] { c.run(s, path); });
+    if (!RunReader(s, CommandTitle(reader), [&] { reader.run(s, path); })) {
+        // A reader that asked for dates and broke off before clearing them
+        // must not filter the next file by this one's choice.
+        ClearDates(s);
+        return ReadOutcome::Failed;
+    }
+    if (ItemsInStore(s.store) != before) return ReadOutcome::Read;
+    s.store.StatusText.set(kNoDataFound + SplitPath(path, 2));
+    return ReadOutcome::Empty;
+}
+
+bool ReadWith(Session& s, const Command& c, const std::string& path) {
+    BeginCommand(s);
+    return ReadFileWith(s, c, path) == ReadOutcome::Read;
 }
 
 bool WriteWith(Session& s, const Command& c) {
+    BeginCommand(s);
     if (!c.run) return false;
     const FileChoice f = FileDialog(s, CommandTitle(c), CommandFilter(c), 1, DialogMode::Save);
     if (f.path.empty()) return false;
@@ -45,12 +72,14 @@ std::vector<std::string> FolderFiles(const std::string& folder) {
 }
 
 int BatchRead(Session& s, const std::vector<std::string>& paths) {
+    BeginCommand(s);
     int read = 0;
     for (const std::string& path : paths) {
         if (s.UserAbort) break;
         const Command* reader = BatchReader(LowerExtension(path));
         if (!reader) continue;
-        if (ReadWith(s, *reader, path)) ++read;
+        // A file that fails or holds nothing is said and passed; the next one follows.
+        if (ReadFileWith(s, *reader, path) == ReadOutcome::Read) ++read;
         s.pollEvents();
     }
     s.store.StatusText.set("Fertig");
@@ -59,6 +88,11 @@ int BatchRead(Session& s, const std::vector<std::string>& paths) {
 
 void NeuCommand(Session& s, const std::string&) {
     ClearStore(s.store);
+    // The regions are made from the areas on first use and kept while their
+    // number stays; areas read after "Neu" must be tested, not the old ones.
+    s.coords.areaRegions.clear();
+    s.coords.areaRegion = {};
+    ClearDates(s);
     s.UserAbort = false;
 }
 
@@ -69,7 +103,12 @@ void BatchReadCommand(Session& s, const std::string&) {
     else BatchRead(s, {f.path});
 }
 
-void StoreSettingsCommand(Session& s, const std::string&) { SaveSettings(s); }
+void StoreSettingsCommand(Session& s, const std::string&) {
+    SaveSettings(s);
+    const std::string problem = s.platform.settingsProblem();
+    if (!problem.empty())
+        s.platform.messageBox(FailureText(kWriteFailed, problem), "Speichern", Buttons::Ok, Icon::Critical);
+}
 
 void ResetSettingsCommand(Session& s, const std::string&) {
     if (s.platform.messageBox(kResetQuestion, "Grundeinstellung", Buttons::YesNo, Icon::Question) != Answer::Yes) return;

@@ -14,10 +14,23 @@ inline constexpr const char* kBatchTitle = "Irgend eine Datei auswählen";
 inline constexpr const char* kBatchFilter = "Eine Datei (*.*)|*.*|Alle Dateien (*.*)|*.*";
 inline constexpr const char* kResetQuestion = "Sollen wirklich alle Einstellungen zurückgesetzt werden?";
 
+inline constexpr const char* kNoDataFound = "Keine Daten gefunden: ";
+
+// What every command does first: the abort flag of an earlier command goes.
+void BeginCommand(Session& s);
+
 // The input dialog of a reader; empty when nothing was chosen.
 std::string ChooseInput(Session& s, const Command& c);
-// Runs the reader on the file under the one failure handler; the track and
-// route names of the file take its base name. False when it failed.
+
+enum class ReadOutcome { Read, Empty, Failed };
+// Runs the reader on one file under the one failure handler; the track and
+// route names of the file take its base name. A failure also drops the date
+// choice that a two-pass reader may have left. A read that adds no track
+// point, route point, waypoint or area says "Keine Daten gefunden: " and the
+// file's name on the status line. The desktop, batch reading and the command
+// line all read through here.
+ReadOutcome ReadFileWith(Session& s, const Command& reader, const std::string& path);
+// The read command: BeginCommand, then ReadFileWith. False unless something was read.
 bool ReadWith(Session& s, const Command& c, const std::string& path);
 // The save dialog and the writer. False when nothing was written.
 bool WriteWith(Session& s, const Command& c);
@@ -29,6 +42,7 @@ int BatchRead(Session& s, const std::vector<std::string>& paths);
 std::vector<std::string> FolderFiles(const std::string& folder);
 
 // The commands that need no file dialog of their own (path is unused).
+// "Neu" empties the store and forgets the regions made of its areas.
 void NeuCommand(Session& s, const std::string& path);
 void BatchReadCommand(Session& s, const std::string& path);
 void StoreSettingsCommand(Session& s, const std::string& path);

@@ -25,8 +25,10 @@ constexpr CommandKind T = CommandKind::Tool;
 constexpr CommandKind S = CommandKind::Setup;
 constexpr CommandKind A = CommandKind::Action;
 
+// An empty word is in no list: a name without extension must not find the
+// rows whose extensions are empty (the OziExplorer set, chosen only by name).
 bool HasWord(const char* list, std::string_view word) {
-    if (!list) return false;
+    if (!list || word.empty()) return false;
     const std::string_view l(list);
     size_t pos = 0;
     while (pos <= l.size()) {
@@ -263,6 +265,7 @@ const Command* FindCommand(std::string_view control) {
 }
 
 const Command* FindFormat(std::string_view key, CommandKind kind) {
+    if (key.empty()) return nullptr;
     for (const Command& c : CommandTable())
         if (c.kind == kind && c.run && c.format && key == c.format) return &c;
     for (const Command& c : CommandTable())

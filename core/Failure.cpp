@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 
+#include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
 
@@ -15,9 +16,10 @@ std::string FailureText(const char* firstLine, const std::string& cause) {
 namespace {
 bool Guarded(Session& s, const char* firstLine, const std::string& title, const std::function<void()>& body) {
     std::string cause;
+    s.store.StatusText.clear();  // so that only this body's own closing line can stand
     try {
         body();
-        s.store.StatusText.set("Fertig");
+        if (s.store.StatusText.text().rfind(kFilesWritten, 0) != 0) s.store.StatusText.set("Fertig");
         return true;
     } catch (const std::bad_alloc&) {
         cause = "Nicht genügend Arbeitsspeicher";
@@ -36,7 +38,22 @@ bool RunReader(Session& s, const std::string& title, const std::function<void()>
 }
 
 bool RunWriter(Session& s, const std::string& title, const std::function<void()>& body) {
-    return Guarded(s, kWriteFailed, title, body);
+    s.NothingWritten = false;
+    return Guarded(s, kWriteFailed, title, body) && !s.NothingWritten;
+}
+
+void ReportNothingToWrite(Session& s) {
+    s.NothingWritten = true;
+    s.platform.messageBox(kNothingToWrite, kNothingToWriteTitle, Buttons::Ok, Icon::Information);
+}
+
+void ReportFilesWritten(Session& s, const std::vector<std::string>& files) {
+    std::string line = kFilesWritten;
+    for (size_t i = 0; i < files.size(); ++i) {
+        if (i > 0) line += ", ";
+        line += SplitPath(files[i], 2);
+    }
+    s.store.StatusText.set(line);
 }
 
 }  // namespace ortelix

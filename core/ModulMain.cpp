@@ -1,6 +1,7 @@
 #include "core/ModulMain.h"
 
 #include <charconv>
+#include <sys/stat.h>
 
 #include "core/ModulShared.h"
 #include "core/Session.h"
@@ -48,6 +49,25 @@ FileChoice FileDialog(Session& s, const std::string& title, const std::string& f
     p.writeSetting(kFolders, title, SplitPath(c.path, 3));
     p.writeSetting(kFolders, title + "Filter", IntText(c.filterIndex));
     return c;
+}
+
+bool ConfirmOverwriteFiles(Session& s, const std::vector<std::string>& files) {
+    // Enough names to see what is meant; a long series ends with a count.
+    constexpr size_t kNamesShown = 20;
+    std::string text = kFilesExistText;
+    size_t existing = 0;
+    for (const std::string& f : files) {
+        struct stat st {};
+        if (::lstat(f.c_str(), &st) != 0) continue;
+        if (++existing <= kNamesShown) text += "\r\n" + SplitPath(f, 2);
+    }
+    if (existing == 0) return true;
+    if (existing > kNamesShown) text += "\r\n... und " + IntText(static_cast<int>(existing - kNamesShown)) + " weitere";
+    text += "\r\n\r\n";
+    text += kOverwriteShort;
+    if (s.platform.messageBox(text, kOverwriteTitle, Buttons::YesNo, Icon::Question) == Answer::Yes) return true;
+    s.NothingWritten = true;
+    return false;
 }
 
 bool Wait(Session& s, double seconds) {

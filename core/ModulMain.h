@@ -2,6 +2,7 @@
 // The shell's routines that every command shares: the file dialog with its
 // rules, the wait with the right-mouse abort, help.
 #include <string>
+#include <vector>
 
 #include "platform/Platform.h"
 
@@ -24,6 +25,14 @@ inline constexpr const char* kVersion = "v. 3.9a";
 // asks before overwriting. An empty path means nothing was chosen.
 FileChoice FileDialog(Session& s, const std::string& title, const std::string& filter, int filterIndex,
                       DialogMode mode, const std::string& defaultName = {});
+
+// Before a writer makes several files at once (one per track or route, or a
+// companion file): one question that names those of them that exist already,
+// with the title "Datei speichern". True when none exists or the user says
+// yes; on no the writer writes nothing and its command counts as not done.
+inline constexpr const char* kFilesExistText = "Diese Dateien existieren schon und werden überschrieben:";
+inline constexpr const char* kOverwriteShort = "Überschreiben?";
+bool ConfirmOverwriteFiles(Session& s, const std::vector<std::string>& files);
 
 // True when the path lies in the temporary folder, which no command may write into.
 bool InTempFolder(const std::string& path, const std::string& tempFolder);

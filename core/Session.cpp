@@ -8,7 +8,7 @@ void Session::pollEvents() {
     const double t = platform.now();
     if (lastYield_ >= 0 && t - lastYield_ < 0.02) return;
     lastYield_ = t;
-    if (platform.yield()) UserAbort = true;
+    platform.yield();
 }
 
 }  // namespace ortelix

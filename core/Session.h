@@ -28,13 +28,19 @@ public:
     DateChoice dates;
     CoordinateState coords;  // datum table, geoid grid, area regions
 
+    // Set only by Wait (the right mouse button during a wait); every command
+    // starts with it cleared.
     bool UserAbort = false;
+    // Set by a writer that found nothing of its kind in the store and wrote
+    // nothing ("Kein Datensatz vorhanden!"); the writer's command then failed.
+    bool NothingWritten = false;
     // The filter entry chosen in the last file dialog of a command (1-based);
     // readers and writers whose entries mean different variants read it.
     int DialogFilterIndex = 1;
 
     // Called by readers once per record: gives the event loop time every few
-    // milliseconds and reports the right mouse button as an abort.
+    // milliseconds. A right button held meanwhile is no abort: a read is never
+    // cut short without a word.
     void progress() {
         if (--progressCountdown_ > 0) return;
         progressCountdown_ = kProgressStride;

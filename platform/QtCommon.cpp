@@ -44,6 +44,13 @@ bool HasSettings() { return !Store().allKeys().isEmpty(); }
 
 void SyncSettings() { Store().sync(); }
 
+std::string SettingsProblem() {
+    // QSettings keeps the first error of its life and names no system cause.
+    // A format error is about reading; only an access error means not written.
+    if (Store().status() != QSettings::AccessError) return {};
+    return "Die Einstellungsdatei kann nicht geschrieben werden: " + Store().fileName().toStdString();
+}
+
 std::string SettingsPath() { return Store().fileName().toStdString(); }
 
 bool OpenWithSystem(const std::string& pathOrLink) {

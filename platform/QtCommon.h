@@ -10,6 +10,8 @@ std::optional<std::string> ReadSetting(const std::string& section, const std::st
 void WriteSetting(const std::string& section, const std::string& key, const std::string& value);
 bool HasSettings();
 void SyncSettings();
+// Empty when the settings file was written; else why not, in German.
+std::string SettingsProblem();
 // The path of the settings file, for messages and tests.
 std::string SettingsPath();
 

@@ -20,6 +20,7 @@ void ConsolePlatform::writeSetting(const std::string& section, const std::string
 }
 bool ConsolePlatform::hasSettings() { return qtcommon::HasSettings(); }
 void ConsolePlatform::syncSettings() { qtcommon::SyncSettings(); }
+std::string ConsolePlatform::settingsProblem() { return qtcommon::SettingsProblem(); }
 
 FileChoice ConsolePlatform::fileDialog(const std::string&, const std::string&, int filterIndex, bool, const std::string&,
                                        const std::string& defaultName) {
@@ -27,15 +28,29 @@ FileChoice ConsolePlatform::fileDialog(const std::string&, const std::string&, i
     return {defaultName, filterIndex};
 }
 
+namespace {
+const char* AnswerText(Answer a) {
+    switch (a) {
+        case Answer::Ok: return "OK";
+        case Answer::Cancel: return "Abbrechen";
+        case Answer::Yes: return "Ja";
+        case Answer::No: return "Nein";
+    }
+    return "";
+}
+}  // namespace
+
 Answer ConsolePlatform::messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon) {
+    Answer answer = defaultAnswer;
+    if (buttons == Buttons::Ok) answer = Answer::Ok;
+    else if (buttons == Buttons::OkCancel) answer = defaultAnswer == Answer::Yes ? Answer::Ok : Answer::Cancel;
     if (!quiet) {
         std::string shown = text;
         for (size_t p; (p = shown.find("\r\n")) != std::string::npos;) shown.replace(p, 2, "\n");
+        if (buttons != Buttons::Ok) shown += std::string(" ") + AnswerText(answer);
         std::fprintf(stderr, "%s%s%s\n", title.empty() ? "" : title.c_str(), title.empty() ? "" : ": ", shown.c_str());
     }
-    if (buttons == Buttons::Ok) return Answer::Ok;
-    if (buttons == Buttons::OkCancel) return defaultAnswer == Answer::Yes ? Answer::Ok : Answer::Cancel;
-    return defaultAnswer;
+    return answer;
 }
 
 std::optional<std::string> ConsolePlatform::inputBox(const std::string&, const std::string&, const std::string& def) {

@@ -12,6 +12,9 @@ namespace ortelix {
 class ConsolePlatform : public Platform {
 public:
     // Answers for the questions a command may meet (flags of the command line).
+    // A question is printed with the answer given, so the user sees what was
+    // decided for them: the files named on the command line are their choice,
+    // and overwriting the numbered files made from such a name is answered yes.
     Answer defaultAnswer = Answer::Yes;
     std::vector<bool> dateAnswer;  // empty: all dates
     std::vector<std::string> dateTexts;  // dates to tick by text ("2006-02-16"); wins over dateAnswer
@@ -21,6 +24,7 @@ public:
     void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
     bool hasSettings() override;
     void syncSettings() override;
+    std::string settingsProblem() override;
     FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
                           const std::string& folder, const std::string& defaultName) override;
     Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;

@@ -1,50 +1,13 @@
 // `ortelix convert`, `info` and `formats` as a user runs them.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-
+#include "CliTestSupport.h"
 #include "core/FileIO.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
-struct Result {
-    int code = -1;
-    std::string out;
-};
-
-class Cli : public ::testing::Test {
-protected:
-    void SetUp() override {
-        dir = fs::temp_directory_path() / ("ortelix-cli-" + std::to_string(::getpid()) + "-" +
-                                           ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(dir);
-    }
-    void TearDown() override { fs::remove_all(dir); }
-    // Runs the program with its own settings and cache folders; stdout and stderr together.
-    Result Ortelix(const std::string& args) {
-        const std::string cmd = "XDG_CONFIG_HOME=" + (dir / "cfg").string() + " XDG_CACHE_HOME=" +
-                                (dir / "cache").string() + " " ORTELIX_BINARY " " + args + " 2>&1";
-        Result r;
-        FILE* p = ::popen(cmd.c_str(), "r");
-        std::array<char, 4096> buf{};
-        size_t n;
-        while ((n = std::fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
-        const int status = ::pclose(p);
-        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        return r;
-    }
-    std::string File(const std::string& name, const std::string& text) {
-        const std::string p = (dir / name).string();
-        std::ofstream(p, std::ios::binary) << text;
-        return p;
-    }
-    fs::path dir;
-};
+using Cli = ortelix::testing::CliTest;
+using Result = ortelix::testing::CliResult;
 
 TEST_F(Cli, ConvertReadsEveryInputIntoOneStore) {
     const std::string a = File("a.gpx", "<gpx><wpt lat=\"48\" lon=\"11\"><name>A</name></wpt></gpx>");
