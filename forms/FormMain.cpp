@@ -165,6 +165,7 @@ void FormMain::runCommand(const QString& control) {
 }
 
 void FormMain::run(const Command& c) {
+    BeginCommand(session_);
     switch (c.kind) {
         case CommandKind::Read: {
             const std::string path = ChooseInput(session_, c);
