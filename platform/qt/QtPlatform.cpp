@@ -41,6 +41,7 @@ void QtPlatform::writeSetting(const std::string& section, const std::string& key
 }
 bool QtPlatform::hasSettings() { return qtcommon::HasSettings(); }
 void QtPlatform::syncSettings() { qtcommon::SyncSettings(); }
+std::string QtPlatform::settingsProblem() { return qtcommon::SettingsProblem(); }
 
 FileChoice QtPlatform::fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
                                   const std::string& folder, const std::string& defaultName) {

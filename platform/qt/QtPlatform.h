@@ -23,6 +23,7 @@ public:
     void writeSetting(const std::string& section, const std::string& key, const std::string& value) override;
     bool hasSettings() override;
     void syncSettings() override;
+    std::string settingsProblem() override;
     FileChoice fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
                           const std::string& folder, const std::string& defaultName) override;
     Answer messageBox(const std::string& text, const std::string& title, Buttons buttons, Icon icon) override;
