@@ -7,6 +7,7 @@ for b in "$build"/bench_*; do
   [ -x "$b" ] || continue
   echo "== $(basename "$b")"; "$b"
 done
+echo "== hostile-inputs.sh"; "$here/hostile-inputs.sh" "$build" || true
 for s in "$here"/*-vs-*.sh; do
   [ -x "$s" ] || continue
   echo "== $(basename "$s")"; "$s" "$build"
