@@ -21,25 +21,25 @@ void OziKommentareLesenText(Session& s, std::string_view bytes) {
     int64_t count = 0;
     while (!s.UserAbort && lines.next(line)) {
         GeoPointIn p;
+        bool positioned = false;
         if (StartsWith(line, 'M', 'C')) {
             // A comment: its position, and its text on the next line.
             const OziFields<4> f(line);
-            p.lon = ParseCoordinate(f[4]);
-            p.lat = ParseCoordinate(f[3]);
+            positioned = ParseOziPosition(f[3], f[4], p.lat, p.lon);
             if (lines.next(text)) p.cmt = OziFieldText(text);
         } else if (StartsWith(line, 'M', 'F')) {
             // A feature: name, position and description, then two lines of which the second is its text.
             const OziFields<9> f(line);
             p.name = OziFieldText(f[3]);
             p.desc = OziFieldText(f[9]);
-            p.lon = ParseCoordinate(f[5]);
-            p.lat = ParseCoordinate(f[4]);
+            positioned = ParseOziPosition(f[4], f[5], p.lat, p.lon);
             lines.next(text);
             if (lines.next(text)) p.cmt = OziFieldText(text);
         } else {
             continue;
         }
-        AddWayPoint(s, std::move(p));
+        // A record without a position is no waypoint (its text lines are passed over all the same).
+        if (positioned) AddWayPoint(s, std::move(p));
         s.store.StatusText.set("Lese Datensätze: ", ++count);
         s.progress();
     }

@@ -117,6 +117,15 @@ OziMoment ParseTageswert(std::string_view field) {
     return {static_cast<int32_t>(day), static_cast<int32_t>(seconds)};
 }
 
+bool ParseOziPosition(std::string_view latField, std::string_view lonField, double& lat, double& lon) {
+    // The fields are comma-separated, so no decimal comma is left in them:
+    // the leading-number rule of ParseCoordinate, telling whether it found one.
+    size_t latUsed = 0, lonUsed = 0;
+    lat = LeadingNumber(latField, &latUsed);
+    lon = LeadingNumber(lonField, &lonUsed);
+    return latUsed > 0 && lonUsed > 0;
+}
+
 OptDouble ParseHoeheFuss(std::string_view field) {
     size_t used = 0;
     const double feet = LeadingNumber(field, &used);

@@ -47,6 +47,9 @@ struct OziMoment {
     Time time;
 };
 OziMoment ParseTageswert(std::string_view field);
+// The latitude and longitude fields of a record; false when either holds no
+// number: such a line has no position and is no point at all (not one at 0/0).
+bool ParseOziPosition(std::string_view latField, std::string_view lonField, double& lat, double& lon);
 // An altitude field in feet as metres; empty for an empty field and for -777.
 OptDouble ParseHoeheFuss(std::string_view field);
 // A whole number field (colours); empty when the field holds no number.

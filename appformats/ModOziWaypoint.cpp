@@ -73,8 +73,10 @@ void OziWegepunkteLesenText(Session& s, std::string_view bytes) {
         if (IsBlankLine(line) || line[0] == ';' || line[0] == ',') continue;
         const OziFields<16> f(line);
         GeoPointIn p;
-        p.lat = ParseCoordinate(f[3]);
-        p.lon = ParseCoordinate(f[4]);
+        if (!ParseOziPosition(f[3], f[4], p.lat, p.lon)) {
+            s.progress();  // a file of nothing but such lines can still be stopped
+            continue;
+        }
         p.name = OziFieldText(f[2]);
         p.desc = OziFieldText(f[11]);
         p.alt = ParseHoeheFuss(f[15]);

@@ -23,6 +23,13 @@ constexpr double kOptimalMaxRun = 500;      // a straight run is cut after this
 
 void Skip(Session& s) { ++s.store.SkippedTrackPoints; }
 
+// A point whose position or altitude no receiver gives (core/ModulArray.h)
+// is refused before any filter measures with it. Speed and course out of
+// range are emptied where the point is stored.
+bool InRange(const TrackPointIn& p) { return PositionInRange(p.lon, p.lat) && AltitudeInRange(p.alt); }
+
+void AppendInRange(Session& s, const TrackPointIn& p);
+
 // "Optimal": keeps a point where the line bends or has run 500 metres;
 // otherwise the new point replaces the last one on the straight line.
 void OptimalReduction(Session& s, const TrackPointIn& n) {
@@ -36,7 +43,7 @@ void OptimalReduction(Session& s, const TrackPointIn& n) {
         f.BeforeKeptLat = f.KeptLat;
         f.KeptLon = n.lon;
         f.KeptLat = n.lat;
-        AppendTrackPoint(s, n);
+        AppendInRange(s, n);
         return;
     }
     double courseToNew = 0, courseToKept = 0;
@@ -44,7 +51,7 @@ void OptimalReduction(Session& s, const TrackPointIn& n) {
     const double toKept = Entfernung(*f.BeforeKeptLon, *f.BeforeKeptLat, *f.KeptLon, *f.KeptLat, courseToKept);
     const double deviation = std::fabs(toKept * std::sin((courseToNew - courseToKept) * kPi / 180));
     if (deviation > kOptimalMaxDeviation || toNew > kOptimalMaxRun) {
-        AppendTrackPoint(s, n);
+        AppendInRange(s, n);
         f.BeforeKeptLon = f.KeptLon;
         f.BeforeKeptLat = f.KeptLat;
     } else {
@@ -96,14 +103,14 @@ bool GapSplitWanted(Session& s, const TrackPointIn& p, int64_t moment) {
 void AddTrackPoint(Session& s, const TrackPointIn& p) {
     const Options& o = s.options;
     TrackFilterState& f = s.trackFilter;
-    if (OutsideRegion(o, p.lon, p.lat)) {
+    if (!InRange(p) || OutsideRegion(o, p.lon, p.lat)) {
         Skip(s);
         return;
     }
     if (f.KeptLon.empty() || f.KeptLat.empty()) {  // the reduction's first point is always kept
         f.KeptLon = p.lon;
         f.KeptLat = p.lat;
-        AppendTrackPoint(s, p);
+        AppendInRange(s, p);
         return;
     }
     const Reduction r = ReductionSetting(o);
@@ -117,7 +124,7 @@ void AddTrackPoint(Session& s, const TrackPointIn& p) {
     }
     // Every distance is at least 0: "Alle Punkte" needs no measure.
     if (r.limitMetres <= 0 || Entfernung(*f.KeptLon, *f.KeptLat, p.lon, p.lat) >= r.limitMetres) {
-        AppendTrackPoint(s, p);
+        AppendInRange(s, p);
         f.KeptLon = p.lon;
         f.KeptLat = p.lat;
     } else {
@@ -126,6 +133,15 @@ void AddTrackPoint(Session& s, const TrackPointIn& p) {
 }
 
 void AppendTrackPoint(Session& s, const TrackPointIn& p) {
+    if (!InRange(p)) {
+        Skip(s);
+        return;
+    }
+    AppendInRange(s, p);
+}
+
+namespace {
+void AppendInRange(Session& s, const TrackPointIn& p) {
     if (p.lon == 0 && p.lat == 0) return;
     if (!DateChosen(s, p.date)) {
         Skip(s);
@@ -163,5 +179,7 @@ void AppendTrackPoint(Session& s, const TrackPointIn& p) {
         st.StatusText.set("Lese Trackpunkte: ", static_cast<int64_t>(t.Points.size()));
     }
 }
+
+}  // namespace
 
 }  // namespace ortelix

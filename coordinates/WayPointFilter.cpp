@@ -72,6 +72,13 @@ bool WayPointWanted(Session& s, double lon, double lat) {
 }
 
 void AddWayPoint(Session& s, GeoPointIn p) {
+    // Numbers no receiver gives refuse the point before the filter measures
+    // with them; a course out of range is only emptied (core/ModulArray.h).
+    if (!PositionInRange(p.lon, p.lat) || !AltitudeInRange(p.alt)) {
+        ++s.store.SkippedWayPoints;
+        return;
+    }
+    p.course = CourseInRange(p.course);
     if (p.foreColor == p.backColor) {  // equal colours count as not given
         p.foreColor = 0;
         p.backColor = 65535;

@@ -23,9 +23,29 @@ int64_t DataStore::RoutePointTotal() const {
 }
 
 int32_t RoundWhole(double v) {
+    if (std::isnan(v)) return 0;
     const double r = std::nearbyint(v);
     if (!(r > -2147483647.0 && r < 2147483647.0)) return r > 0 ? 2147483647 : -2147483647;
     return static_cast<int32_t>(r);
+}
+
+namespace {
+constexpr double kMaxAltitudeMetres = 1.0e6;
+constexpr double kMaxSpeedKmh = 1.0e5;
+constexpr double kLowestCourse = -360, kHighestCourse = 720;
+}  // namespace
+
+// Every test is a comparison that NaN fails.
+bool PositionInRange(double lon, double lat) { return lat >= -90 && lat <= 90 && lon >= -360 && lon <= 360; }
+
+bool AltitudeInRange(OptDouble alt) { return alt.empty() || std::fabs(*alt) <= kMaxAltitudeMetres; }
+
+OptDouble SpeedInRange(OptDouble kmh) {
+    return kmh.has() && *kmh >= 0 && *kmh <= kMaxSpeedKmh ? kmh : OptDouble();
+}
+
+OptDouble CourseInRange(OptDouble degrees) {
+    return degrees.has() && *degrees >= kLowestCourse && *degrees <= kHighestCourse ? degrees : OptDouble();
 }
 
 namespace {
@@ -50,12 +70,12 @@ void FillTrackPoint(TrackPoint& t, const TrackPointIn& p) {
     t.Lon = p.lon;
     t.Lat = p.lat;
     t.Alt = RoundOpt(p.alt);
-    t.Course = RoundShort(p.course);
+    t.Course = RoundShort(CourseInRange(p.course));
     t.Sat = SatCount(p.sat);
     t.Fix = InlineText<6>(p.fix);
     t.Date_ = p.date;
     t.Time_ = p.time;
-    t.Speed = p.speed;
+    t.Speed = SpeedInRange(p.speed);
 }
 
 std::string Numbered(const char* prefix, size_t n) { return prefix + std::to_string(n); }
@@ -88,6 +108,10 @@ Flaeche& NewFlaeche(DataStore& s) {
 }
 
 void AddRoutePoint(DataStore& s, const GeoPointIn& p) {
+    if (!PositionInRange(p.lon, p.lat) || !AltitudeInRange(p.alt)) {
+        ++s.SkippedRoutePoints;
+        return;
+    }
     if (s.Routes.empty()) NewRoute(s);
     Route& r = s.Routes.back();
     GeoPoint& g = r.Points.emplace_back();
@@ -97,7 +121,7 @@ void AddRoutePoint(DataStore& s, const GeoPointIn& p) {
     g.Desc = p.desc;
     g.Cmt = p.cmt;
     g.Alt = RoundOpt(p.alt);
-    g.Course = RoundShort(p.course);
+    g.Course = RoundShort(CourseInRange(p.course));
     g.Date_ = p.date;
     g.Time_ = p.time;
     s.StatusText.set("Lese Wegepunkte: ", static_cast<int64_t>(r.Points.size()));
@@ -161,6 +185,7 @@ void ClearStore(DataStore& s) {
     s.TrackCount = s.TrackPointsRead = s.SkippedTrackPoints = 0;
     s.RouteCount = s.RoutePointsRead = 0;
     s.WayPointCount = s.SkippedWayPoints = 0;
+    s.SkippedRoutePoints = 0;
     s.FlaecheCount = 0;
     s.StatusText.clear();
     s.FirstMoment.reset();

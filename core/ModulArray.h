@@ -141,6 +141,9 @@ struct DataStore {
     int32_t RoutePointsRead = 0;
     int32_t WayPointCount = 0;
     int32_t SkippedWayPoints = 0;
+    // Route points pass no filter; these are the ones whose numbers lay off
+    // the earth (PositionInRange, AltitudeInRange).
+    int32_t SkippedRoutePoints = 0;
     int32_t FlaecheCount = 0;
 
     StatusLine StatusText;
@@ -157,10 +160,25 @@ struct DataStore {
     int64_t RoutePointTotal() const;
 };
 
+// Numbers that no receiver gives, checked once at the store's entry points
+// (AddTrackPoint, AppendTrackPoint, AddWayPoint, AddRoutePoint) so that
+// every reader gets the same rule. A position that is not finite or lies off
+// the earth (|lat| > 90, |lon| > 360; longitudes up to 360 are the 0..360
+// convention of some formats) refuses the point, and so does an altitude that
+// is not finite or beyond 1000 km up or down: a record whose numbers are that
+// far off is misread, not a reading. A speed below 0 or above 100 000 km/h
+// and a course outside -360..720 only empty their field: formats write -1,
+// 999 and the like for "unknown", and the position stays good.
+bool PositionInRange(double lon, double lat);
+bool AltitudeInRange(OptDouble alt);  // empty is in range
+OptDouble SpeedInRange(OptDouble kmh);
+OptDouble CourseInRange(OptDouble degrees);
+
 // Store operations that need nothing but the store.
 void NewTrack(DataStore& s, std::string_view name = {});
 void NewRoute(DataStore& s, std::string_view name = {});
 Flaeche& NewFlaeche(DataStore& s);  // appends an area and counts it
+// Refuses (and counts in SkippedRoutePoints) a point out of range.
 void AddRoutePoint(DataStore& s, const GeoPointIn& p);
 void ReplaceLastTrackPoint(DataStore& s, const TrackPointIn& p, bool dropTimeData);
 // Appends the point to the last track with rounding and counting, nothing else.
@@ -171,7 +189,9 @@ size_t ReserveRoutePoints(Route& r, size_t count);
 void UpdateBox(Box& box, double lon, double lat);
 void ClearStore(DataStore& s);
 
-// Whole-number rounding of the store: to nearest, halves to even.
+// Whole-number rounding of the store: to nearest, halves to even. Values
+// beyond the 32-bit range give its ends (±2147483647), not a number gives 0:
+// never the undefined cast.
 int32_t RoundWhole(double v);
 
 }  // namespace ortelix

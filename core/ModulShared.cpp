@@ -118,7 +118,8 @@ OptDouble ParseAltitude(std::string_view text) {
 OptDouble ParseSpeed(std::string_view text) {
     if (text.empty()) return {};
     const double v = std::floor(LeadingNumber(text));
-    if (std::isnan(v)) return {};
+    // A number too long for a double is no speed, not the top of the range.
+    if (!std::isfinite(v)) return {};
     return std::clamp(v, 0.0, 2000.0);
 }
 

@@ -185,6 +185,10 @@ TEST_F(OziMap, CommentsAndFeaturesBecomeWaypoints) {
           "mf,x, Burg ,50.5,8.75,a,b,c, \"Ruine\" \r\n"
           "erste Zeile\r\n"
           " Text der Burg \r\n"
+          "MC,2\r\n"              // no position: no waypoint at 0/0,
+          "MC,3,50.75,8.25\r\n"   // and this line is still the text of the one before
+          "MF,4,Ohne,,\r\n"
+          "eins\r\nzwei\r\n"
           "MM0,Yes\r\n");
     OziKommentareLesen(*session, path("c.map"));
     const auto& w = store().WayPoints;

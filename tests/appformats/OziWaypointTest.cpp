@@ -88,5 +88,41 @@ TEST_F(OziWaypoint, RoundTripKeepsWhatTheFormatHolds) {
     EXPECT_TRUE(again.store.WayPoints[1].Alt.empty());
 }
 
+// Records without a position are no waypoints: not at 0/0, and they cost
+// nothing, so a file of empty records stays as small in memory as it is.
+TEST_F(OziWaypoint, RecordsWithoutAPositionAreSkipped) {
+    std::string text = "OziExplorer Waypoint File Version 1.1\r\nWGS 84\r\nReserved 2\r\ngarmin\r\n";
+    for (int i = 0; i < 100000; ++i) text += "1\r\n";
+    text += "2,Nur Breite,50.5\r\n"
+            "3,Text,Nord,Ost\r\n"
+            "4,Leer,,\r\n"
+            "5,Null,0.000000,0.000000,,0,1,2,0,65535,,0,0,0,-777,\r\n"  // a real place at 0/0 stays
+            "6,Gut,50.5,8.25\r\n";
+    OziWegepunkteLesenText(*session, text);
+    const auto& w = store().WayPoints;
+    ASSERT_EQ(w.size(), 2u);
+    EXPECT_EQ(w[0].Name, "Null");
+    EXPECT_EQ(w[0].Lat, 0);
+    EXPECT_EQ(w[1].Name, "Gut");
+    EXPECT_EQ(store().WayPointCount, 2);
+    EXPECT_EQ(store().SkippedWayPoints, 0);  // no record was refused: there was none
+}
+
+// Numbers off the earth are refused and counted by the store, whatever the reader.
+TEST_F(OziWaypoint, PositionsOffTheEarthAreCountedAsSkipped) {
+    OziWegepunkteLesenText(*session,
+                           "OziExplorer Waypoint File Version 1.1\r\nWGS 84\r\nReserved 2\r\ngarmin\r\n"
+                           "1,A,1e309,8\r\n"
+                           "2,B,91,8\r\n"
+                           "3,C,50,-400\r\n"
+                           "4,D,50,8,,0,1,2,0,65535,,0,0,0,1e300,\r\n"
+                           "5,E,50,8,1e308,0,1,2,1e300,-1e300,,0,0,0,-777,\r\n");
+    const auto& w = store().WayPoints;
+    ASSERT_EQ(w.size(), 1u);
+    EXPECT_EQ(w[0].Name, "E");
+    EXPECT_TRUE(w[0].Date_.empty());     // a Tageswert far off the calendar is none
+    EXPECT_EQ(store().SkippedWayPoints, 4);
+}
+
 }  // namespace
 }  // namespace ortelix

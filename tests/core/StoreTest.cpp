@@ -1,6 +1,8 @@
 // The store's counters, names, slot reuse and bounding boxes.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/ModulArray.h"
 #include "core/ReadFilter.h"
 #include "core/Session.h"
@@ -149,6 +151,102 @@ TEST(Store, ReplaceLastTrackPointKeepsCountsAndCanDropTimeData) {
     EXPECT_TRUE(t.Time_.empty());
     EXPECT_TRUE(t.Speed.empty());
     EXPECT_EQ(s.store.Tracks[0].Points.size(), 1u);
+}
+
+// Numbers no receiver gives: every entry of the store refuses a position or
+// altitude that is not finite or off the earth and counts it; a speed or
+// course out of range only empties its field. The filters never see them.
+TEST(Store, NumbersOffTheEarthAreRefusedAtEveryEntry) {
+    FakePlatform p;
+    Session s(p);
+    s.options.List[7] = 0;  // "Optimal": a NaN would poison the kept point
+    s.options.Check[14] = 1;  // the gap test measures with every point
+    s.options.KarteKoordInput[2] = "5";
+    s.options.KarteKoordInput[3] = "300";
+    const double nan = std::nan(""), inf = HUGE_VAL;
+    const double bad[][2] = {{nan, 48}, {11, nan}, {inf, 48}, {11, -inf}, {11, 90.000001},
+                             {11, -91},  {360.5, 0}, {-361, 0}, {1e308, 1e308}};
+    for (const auto& b : bad) {
+        AddTrackPoint(s, Pt(b[0], b[1]));
+        AppendTrackPoint(s, Pt(b[0], b[1]));
+        GeoPointIn g;
+        g.lon = b[0];
+        g.lat = b[1];
+        AddWayPoint(s, g);
+        AddRoutePoint(s.store, g);
+    }
+    for (double alt : {inf, -inf, 1.0e6 + 1, -2.0e6}) {
+        TrackPointIn t = Pt(11, 48);
+        t.alt = alt;
+        AddTrackPoint(s, t);
+        GeoPointIn g;
+        g.lon = 11;
+        g.lat = 48;
+        g.alt = alt;
+        AddWayPoint(s, g);
+        AddRoutePoint(s.store, g);
+    }
+    EXPECT_EQ(s.store.SkippedTrackPoints, 9 * 2 + 4);
+    EXPECT_EQ(s.store.SkippedWayPoints, 9 + 4);
+    EXPECT_EQ(s.store.SkippedRoutePoints, 9 + 4);
+    EXPECT_TRUE(s.store.Tracks.empty());
+    EXPECT_TRUE(s.store.WayPoints.empty());
+    EXPECT_TRUE(s.store.Routes.empty());
+    EXPECT_TRUE(s.trackFilter.KeptLon.empty());  // the reduction never took a bad point
+    EXPECT_EQ(s.store.TrackRouteBox, Box{});
+
+    // The edges of the earth and of the 0..360 convention are kept.
+    s.options.Check[14] = 0;
+    s.options.List[7] = 1;
+    TrackPointIn edge = Pt(360, -90);
+    edge.alt = -1.0e6;
+    edge.speed = -1.0;   // "unknown" in some formats: emptied
+    edge.course = 999;   // likewise
+    AddTrackPoint(s, edge);
+    TrackPointIn fine = Pt(-360, 90);
+    fine.speed = 1.0e5;
+    fine.course = -360;
+    AppendTrackPoint(s, fine);
+    TrackPointIn fast = Pt(-180, 0.5);
+    fast.speed = inf;
+    fast.course = nan;
+    AppendTrackPoint(s, fast);
+    ASSERT_EQ(s.store.Tracks.size(), 1u);
+    const auto& t = s.store.Tracks[0].Points;
+    ASSERT_EQ(t.size(), 3u);
+    EXPECT_EQ(*t[0].Alt, -1000000);
+    EXPECT_TRUE(t[0].Speed.empty());
+    EXPECT_TRUE(t[0].Course.empty());
+    EXPECT_EQ(*t[1].Speed, 1.0e5);
+    EXPECT_EQ(*t[1].Course, -360);
+    EXPECT_TRUE(t.back().Speed.empty());
+    GeoPointIn g;
+    g.lon = -360;
+    g.lat = 90;
+    g.alt = 1.0e6;
+    g.course = 720.5;
+    AddWayPoint(s, g);
+    AddRoutePoint(s.store, g);
+    ASSERT_EQ(s.store.WayPoints.size(), 1u);
+    EXPECT_EQ(*s.store.WayPoints[0].Alt, 1000000);
+    EXPECT_TRUE(s.store.WayPoints[0].Course.empty());
+    ASSERT_EQ(s.store.RoutePointTotal(), 1);
+    EXPECT_TRUE(s.store.Routes[0].Points[0].Course.empty());
+    EXPECT_EQ(s.store.SkippedTrackPoints, 9 * 2 + 4);
+
+    ClearStore(s.store);
+    EXPECT_EQ(s.store.SkippedRoutePoints, 0);
+}
+
+// Rounding to whole numbers never takes the undefined cast.
+TEST(Store, RoundWholeHoldsAtTheEndsOfItsRange) {
+    EXPECT_EQ(RoundWhole(2.5), 2);
+    EXPECT_EQ(RoundWhole(3.5), 4);
+    EXPECT_EQ(RoundWhole(-2.5), -2);
+    EXPECT_EQ(RoundWhole(2147483646.4), 2147483646);
+    EXPECT_EQ(RoundWhole(1e300), 2147483647);
+    EXPECT_EQ(RoundWhole(-HUGE_VAL), -2147483647);
+    EXPECT_EQ(RoundWhole(std::nan("")), 0);
 }
 
 }  // namespace

@@ -37,6 +37,10 @@ TEST(Text, AltitudeSpeedCourseLimits) {
     EXPECT_EQ(*ParseSpeed("-3"), 0);
     EXPECT_EQ(*ParseSpeed("1.9"), 1);
     EXPECT_TRUE(ParseSpeed("").empty());
+    EXPECT_TRUE(ParseSpeed("1e309").empty());
+    EXPECT_TRUE(ParseSpeed("-1e309").empty());
+    EXPECT_TRUE(ParseAltitude("1e309").empty());
+    EXPECT_TRUE(ParseCourse("-1e309").empty());
 
     EXPECT_EQ(*ParseCourse("725"), 5);
     EXPECT_EQ(*ParseCourse("-90"), 270);
