@@ -13,6 +13,16 @@
 
 namespace ortelix {
 
+std::vector<std::string> OziExportFiles(const DataStore& st, const std::string& file) {
+    std::string name = file;
+    if (SplitPath(name, 5).empty()) name += ".txt";
+    std::vector<std::string> files;
+    for (size_t i = 1; i <= st.Routes.size(); ++i) files.push_back(OziNumberedFile(name, i, ".rt2"));
+    for (size_t i = 1; i <= st.Tracks.size(); ++i) files.push_back(OziNumberedFile(name, i, ".plt"));
+    files.push_back(SplitPath(name, 4) + ".wpt");
+    return files;
+}
+
 void OziExportieren(Session& s, const std::string& file) {
     if (file.empty()) return;
     const DataStore& st = s.store;
@@ -20,13 +30,8 @@ void OziExportieren(Session& s, const std::string& file) {
         ReportNothingToWrite(s);
         return;
     }
-    std::string name = file;
-    if (SplitPath(name, 5).empty()) name += ".txt";
     // Every name first, so that one question covers every file that exists.
-    std::vector<std::string> files;
-    for (size_t i = 1; i <= st.Routes.size(); ++i) files.push_back(OziNumberedFile(name, i, ".rt2"));
-    for (size_t i = 1; i <= st.Tracks.size(); ++i) files.push_back(OziNumberedFile(name, i, ".plt"));
-    files.push_back(SplitPath(name, 4) + ".wpt");
+    const std::vector<std::string> files = OziExportFiles(st, file);
     if (!ConfirmOverwriteFiles(s, files)) return;
     size_t next = 0;
     for (size_t i = 1; i <= st.Routes.size(); ++i) OziCERouteSchreiben(s, files[next++], static_cast<int>(i));

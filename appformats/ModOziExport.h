@@ -2,10 +2,15 @@
 // The OziExplorer CE set: every route, every track and the waypoints in files
 // of one base name.
 #include <string>
+#include <vector>
 
 namespace ortelix {
 
 class Session;
+struct DataStore;
+
+// The files that OziExportieren writes for this store, in writing order.
+std::vector<std::string> OziExportFiles(const DataStore& st, const std::string& file);
 
 // "tour" gives tour1.rt2, tour2.rt2 ... per route, tour1.plt ... per track,
 // and tour.wpt with all waypoints. A name without extension gets ".txt"

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "cli/CliCommands.h"
+#include "appformats/ModOziExport.h"
 #include "cli/CliSession.h"
 #include "commands/CommandTable.h"
 #include "core/Failure.h"
@@ -45,6 +46,14 @@ bool SameFile(const std::string& input, const std::string& output) {
     return ::stat(input.c_str(), &in) == 0 && in.st_dev == out.st_dev && in.st_ino == out.st_ino;
 }
 
+// The input that a target file is, if any: it would be replaced by what was
+// read from it.
+const std::string* InputAmong(const std::vector<std::string>& inputs, const std::string& target) {
+    for (const std::string& in : inputs)
+        if (SameFile(in, target)) return &in;
+    return nullptr;
+}
+
 }  // namespace
 
 int ConvertCommand(const std::vector<std::string>& args) {
@@ -61,11 +70,9 @@ int ConvertCommand(const std::vector<std::string>& args) {
     const std::vector<std::string> inputs(ctx.positional.begin(), ctx.positional.end() - 1);
     const Command* writer = TargetWriter(output, ctx.outputFormat);
     if (!writer) return 2;
-    for (const std::string& in : inputs) {
-        if (SameFile(in, output)) {
-            std::fprintf(stderr, "Eingabe und Ausgabe sind dieselbe Datei: %s\n", in.c_str());
-            return 2;
-        }
+    if (const std::string* in = InputAmong(inputs, output)) {
+        std::fprintf(stderr, "Eingabe und Ausgabe sind dieselbe Datei: %s\n", in->c_str());
+        return 2;
     }
     bool ok = true;
     for (const std::string& in : inputs) ok = ReadInput(ctx, in, ctx.inputFormat) && ok;
@@ -76,6 +83,16 @@ int ConvertCommand(const std::vector<std::string>& args) {
         return 1;
     }
     Session& s = *ctx.session;
+    // The OziExplorer set names its files after what was read: none of them
+    // may be an input either.
+    if (writer->run == OziExportieren) {
+        for (const std::string& target : OziExportFiles(s.store, output)) {
+            if (const std::string* in = InputAmong(inputs, target)) {
+                std::fprintf(stderr, "Eingabe und Ausgabe sind dieselbe Datei: %s\n", in->c_str());
+                return 2;
+            }
+        }
+    }
     s.store.PendingName.clear();
     return RunWriter(s, CommandTitle(*writer), [&] { writer->run(s, output); }) ? 0 : 1;
 }

@@ -99,6 +99,14 @@ TEST_F(Cli, ATargetThatNamesNoWriterOrIsAnInputIsRefused) {
     EXPECT_EQ(r.code, 0) << r.out;
     EXPECT_TRUE(fs::exists(dir / "tour1.plt"));
     EXPECT_TRUE(fs::exists(dir / "tour.wpt"));
+
+    // Nor may one of the set's numbered files be an input: tour1.plt read
+    // back into the set "tour" would be written over itself.
+    const std::string plt = ortelix::ReadFileBytes(Path("tour1.plt"));
+    r = Ortelix("convert -o ozi " + Path("tour1.plt") + " " + Path("tour"));
+    EXPECT_EQ(r.code, 2) << r.out;
+    EXPECT_TRUE(Has(r, "Eingabe und Ausgabe sind dieselbe Datei: " + Path("tour1.plt"))) << r.out;
+    EXPECT_EQ(ortelix::ReadFileBytes(Path("tour1.plt")), plt);
 }
 
 TEST_F(Cli, DevicesAndPipes) {
