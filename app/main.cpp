@@ -9,6 +9,7 @@
 #include "core/Session.h"
 #include "forms/FormMain.h"
 #include "forms/FormTrackAuswahl.h"
+#include "platform/qt/GermanTexts.h"
 #include "platform/qt/QtPlatform.h"
 
 int main(int argc, char** argv) {
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName("Ortelix");
+    ortelix::InstallGermanTexts(app);
     ortelix::QtPlatform platform;
     ortelix::Session session(platform);
     // Start-up: tables, an empty store, the options, the temporary folder.

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCursor>
+#include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QImage>
@@ -12,6 +14,8 @@
 
 #include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
+#include "platform/qt/FileDialogSetup.h"
+#include "platform/qt/PlainFileIcons.h"
 
 namespace ortelix {
 
@@ -43,9 +47,23 @@ bool QtPlatform::hasSettings() { return qtcommon::HasSettings(); }
 void QtPlatform::syncSettings() { qtcommon::SyncSettings(); }
 std::string QtPlatform::settingsProblem() { return qtcommon::SettingsProblem(); }
 
+QString DialogStartFolder(const QString& remembered) {
+    if (!remembered.isEmpty()) {
+        const QDir dir(remembered);
+        // "." is the first entry of every folder that can be read at all.
+        if (dir.exists() && dir.isReadable() &&
+            QDirIterator(remembered, QDir::AllEntries | QDir::Hidden | QDir::System).hasNext())
+            return dir.absolutePath();
+    }
+    return QDir::homePath();
+}
+
 FileChoice QtPlatform::fileDialog(const std::string& title, const std::string& filter, int filterIndex, bool save,
                                   const std::string& folder, const std::string& defaultName) {
-    QFileDialog dlg(parent_, QString::fromStdString(title), QString::fromStdString(folder));
+    PlainFileIcons icons;
+    QFileDialog dlg(parent_, QString::fromStdString(title));
+    SetUpFileDialog(dlg, icons);
+    dlg.setDirectory(DialogStartFolder(QString::fromStdString(folder)));
     const QStringList filters = QString::fromStdString(QtFilter(filter)).split(";;");
     dlg.setNameFilters(filters);
     if (filterIndex >= 1 && filterIndex <= filters.size()) dlg.selectNameFilter(filters[filterIndex - 1]);

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/SerialSettings.h"
 
+class QString;
 class QWidget;
 
 namespace ortelix {
@@ -55,6 +56,10 @@ private:
     bool busy_ = false;
     QElapsedTimer clock_;  // monotonic, from the start of the platform
 };
+
+// The folder a file dialog opens in: the remembered one when it can be listed,
+// else (gone, no permission, a path below a file, none remembered) the home folder.
+QString DialogStartFolder(const QString& remembered);
 
 // Turns a "Text (*.x)|*.x|..." filter list into Qt's ";;" form.
 std::string QtFilter(const std::string& filter);
