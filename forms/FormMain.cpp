@@ -20,13 +20,41 @@
 #include "forms/FormMenu1.h"
 #include "forms/FrameInfo.h"
 #include "forms/FrameTable.h"
+#include "forms/Mnemonics.h"
 #include "forms/ToolForms.h"
+#include "forms/WheelGuard.h"
 
 namespace ortelix {
 
 namespace {
-// Menu texts are shown as they are; "&" is no mnemonic here.
-QString MenuText(const char* caption) { return QString::fromUtf8(caption).replace("&", "&&"); }
+// The caption of a menu item as the command table gives it; its text gets
+// the mnemonic once the whole level is known.
+constexpr const char* kCaption = "caption";
+
+// One menu level: every item gets its mnemonic, and a submenu whose commands
+// are all disabled is disabled too. The menus of the menu bar stay open to
+// look into even then. Returns whether any command can run.
+bool FinishMenuLevel(const QList<QAction*>& actions, bool menuBar) {
+    bool any = false;
+    QList<QAction*> items;
+    QStringList captions;
+    for (QAction* a : actions) {
+        if (a->isSeparator()) continue;
+        if (QMenu* sub = a->menu()) {
+            const bool on = FinishMenuLevel(sub->actions(), false);
+            if (!menuBar) {
+                a->setEnabled(on);
+                a->setToolTip(on ? QString() : QString::fromUtf8(kNotAvailable));
+            }
+        }
+        any = any || a->isEnabled();
+        items << a;
+        captions << a->property(kCaption).toString();
+    }
+    const QStringList texts = WithMnemonics(captions);
+    for (qsizetype i = 0; i < items.size(); ++i) items[i]->setText(texts[i]);
+    return any;
+}
 
 QWidget* Placeholder(const FramePage& p, QWidget* parent) {
     auto* box = new QGroupBox(QString::fromUtf8(p.caption), parent);
@@ -94,13 +122,15 @@ void FormMain::buildMenus() {
     for (const char* top : {"MenEingang", "MenAusgang", "MenTools", "MenSetUp"}) {
         QMenu* m = menuBar()->addMenu(QString::fromUtf8(MenuCaption(top)));
         m->setObjectName(top);
+        m->menuAction()->setProperty(kCaption, QString::fromUtf8(MenuCaption(top)));
         m->setToolTipsVisible(true);
         menus[top] = m;
     }
     for (const Command& c : CommandTable()) {
         if (!c.menu) continue;  // batch-only readers
-        auto* action = new QAction(MenuText(c.caption), this);
+        auto* action = new QAction(this);
         action->setObjectName(c.control);
+        action->setProperty(kCaption, QString::fromUtf8(c.caption));
         if (!available(c)) {
             action->setEnabled(false);
             action->setToolTip(QString::fromUtf8(kNotAvailable));
@@ -119,8 +149,9 @@ void FormMain::buildMenus() {
             QMenu* parentMenu = menu;
             sofar = sofar.isEmpty() ? part : sofar + "/" + part;
             if (!menus.contains(sofar)) {
-                QMenu* sub = parentMenu->addMenu(QString(part).replace("&", "&&"));
+                QMenu* sub = parentMenu->addMenu(part);
                 sub->setObjectName(sofar);
+                sub->menuAction()->setProperty(kCaption, part);
                 sub->setToolTipsVisible(true);
                 menus[sofar] = sub;
             }
@@ -128,6 +159,7 @@ void FormMain::buildMenus() {
         }
         menu->addAction(action);
     }
+    FinishMenuLevel(menuBar()->actions(), true);
 }
 
 void FormMain::buildFrames() {
@@ -142,6 +174,7 @@ void FormMain::buildFrames() {
         scroll->setFrameShape(QFrame::NoFrame);
         scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         scroll->setWidget(page);
+        GuardWheel(scroll);
         frames_->addWidget(scroll);
         pages_[static_cast<size_t>(p.index)] = page;
     }
@@ -203,6 +236,16 @@ void FormMain::refreshFrames() {
     for (QWidget* page : pages_)
         if (page && page->metaObject()->indexOfSlot("refresh()") >= 0)
             QMetaObject::invokeMethod(page, "refresh", Qt::DirectConnection);
+}
+
+void FormMain::showEvent(QShowEvent* e) {
+    QMainWindow::showEvent(e);
+    // The tool bar comes with the first showing; once closed it stays closed.
+    if (menu1_ && !menu1Shown_) {
+        menu1Shown_ = true;
+        menu1_->follow();
+        menu1_->show();
+    }
 }
 
 void FormMain::moveEvent(QMoveEvent* e) {

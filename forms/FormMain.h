@@ -41,6 +41,7 @@ public slots:
     void refreshFrames();
 
 protected:
+    void showEvent(QShowEvent* e) override;
     void moveEvent(QMoveEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
     void closeEvent(QCloseEvent* e) override;
@@ -59,6 +60,7 @@ private:
     QLabel* LabelVersion;
     QTimer* timer1_ = nullptr;
     FormMenu1* menu1_ = nullptr;
+    bool menu1Shown_ = false;
 };
 
 }  // namespace ortelix

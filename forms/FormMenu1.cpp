@@ -4,13 +4,9 @@
 #include <QVBoxLayout>
 
 #include "commands/CommandTable.h"
+#include "forms/FormMain.h"
 
 namespace ortelix {
-
-namespace {
-// 55 twips of the original layout.
-constexpr int kGap = 4;
-}  // namespace
 
 FormMenu1::FormMenu1(QWidget* owner) : QWidget(owner, Qt::Tool), owner_(owner) {
     setObjectName("FormMenu1");
@@ -30,6 +26,11 @@ FormMenu1::FormMenu1(QWidget* owner) : QWidget(owner, Qt::Tool), owner_(owner) {
     for (const Button& b : buttons) {
         auto* button = new QPushButton(QString::fromUtf8(b.caption), this);
         button->setObjectName(b.name);
+        const Command* c = FindCommand(b.control);
+        if (!c || !FormMain::available(*c)) {
+            button->setEnabled(false);
+            button->setToolTip(QString::fromUtf8(kNotAvailable));
+        }
         const QString control = b.control;
         connect(button, &QPushButton::clicked, this, [this, control] { emit command(control); });
         layout->addWidget(button);
@@ -38,11 +39,12 @@ FormMenu1::FormMenu1(QWidget* owner) : QWidget(owner, Qt::Tool), owner_(owner) {
     end->setObjectName("ToEnd");
     connect(end, &QPushButton::clicked, this, &QWidget::close);
     layout->addWidget(end);
+    layout->addStretch();
 }
 
 void FormMenu1::follow() {
     const QRect frame = owner_->frameGeometry();
-    move(frame.right() + kGap, frame.top());
+    move(frame.x() + frame.width() + kGap, frame.y());
 }
 
 }  // namespace ortelix

@@ -1,5 +1,6 @@
 #include "forms/FormTrackAuswahl.h"
 
+#include <QDate>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -8,13 +9,22 @@
 
 namespace ortelix {
 
+namespace {
+// The reader names each date as "2024-06-01"; the user reads "01.06.2024".
+QString GermanDate(const std::string& iso) {
+    const QString text = QString::fromStdString(iso);
+    const QDate d = QDate::fromString(text, Qt::ISODate);
+    return d.isValid() ? d.toString("dd.MM.yyyy") : text;
+}
+}  // namespace
+
 FormTrackAuswahl::FormTrackAuswahl(const std::vector<std::string>& dates, QWidget* parent)
     : QDialog(parent), list_(new QListWidget(this)) {
     setObjectName("FormTrackAuswahl");
     setWindowTitle(QString::fromUtf8("Tage auswählen"));
     list_->setObjectName("List1");
     for (const std::string& d : dates) {
-        auto* item = new QListWidgetItem(QString::fromStdString(d), list_);
+        auto* item = new QListWidgetItem(GermanDate(d), list_);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Checked);
     }

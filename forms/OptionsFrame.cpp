@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 
 #include "core/Session.h"
@@ -73,6 +74,21 @@ void OptionsFrame::addList(int index, const QString& caption, const QStringList&
     connect(list, &QComboBox::activated, this, [&option](int i) { option = i; });
     loaders_.push_back([list, &option] { list->setCurrentIndex(option < list->count() ? option : -1); });
     layout_->addRow(caption, list);
+}
+
+void OptionsFrame::addListBox(int index, const QString& caption, const QStringList& entries) {
+    auto* list = new QListWidget(this);
+    list->setObjectName(QString("List%1").arg(index));
+    list->addItems(entries);
+    for (int i = 0; i < list->count(); ++i) list->item(i)->setToolTip(entries[i]);
+    list->setTextElideMode(Qt::ElideRight);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setUniformItemSizes(true);
+    int& option = session_.options.List.at(static_cast<size_t>(index));
+    connect(list, &QListWidget::currentRowChanged, this, [&option](int row) { option = row; });
+    loaders_.push_back([list, &option] { list->setCurrentRow(option < list->count() ? option : -1); });
+    layout_->addRow(new QLabel(caption, this));
+    layout_->addRow(list);
 }
 
 void OptionsFrame::addListFeld(int index, const QString& caption) {

@@ -28,6 +28,9 @@ public:
     void addTime(int index, const QString& caption, const QString& tip = {});
     // List(i) with its entries.
     void addList(int index, const QString& caption, const QStringList& entries, const QString& tip = {});
+    // List(i) as a list box under its caption, one click choosing an entry.
+    // Entries too long for the frame are elided and shown whole as tooltips.
+    void addListBox(int index, const QString& caption, const QStringList& entries);
     // ListFeld(i): "kein", then the columns 1 to 30.
     void addListFeld(int index, const QString& caption);
     // CommandSwissWPFarbe(i): a button showing the colour.

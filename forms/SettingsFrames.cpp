@@ -1,9 +1,9 @@
 #include "forms/SettingsFrames.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
+#include <QListWidget>
 
 #include "coordinates/Datum.h"
 #include "core/Session.h"
@@ -27,16 +27,19 @@ QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
     auto* f = Frame(s, parent, "FrameDatum", "Datumstransformation");
     QStringList entries;
     for (const std::string& e : DatumEintraege(s.coords)) entries << QString::fromStdString(e);
-    f->addCheck(1, "Koordinaten von und nach WGS84 transformieren");
+    f->addCheck(1, "Koordinaten von und nach WGS84 transformieren",
+                "Beim Einlesen und Ausgeben werden die Koordinaten umgerechnet");
     if (entries.isEmpty()) {
         f->addNote("Die Datumsliste (helmert.dat) ist nicht geladen.");
         return f;
     }
-    f->addList(44, "Datum", entries);
+    f->addListBox(44, "Auf Datum der Einganskoordinaten klicken", entries);
     // The detail box follows the chosen datum and the check box; the values
     // themselves come from the datum module.
     auto* detail = new QLabel(f);
     detail->setObjectName("HelmertDetail");
+    detail->setWordWrap(true);
+    detail->setTextInteractionFlags(Qt::TextSelectableByMouse);
     f->layout()->addWidget(detail);
     auto show = [&s, detail] {
         const HelmertAnzeige a = HelmertAnzeigen(s);
@@ -44,7 +47,8 @@ QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
         for (const std::string& l : a.detail) lines << QString::fromStdString(l);
         detail->setText(lines.join("\n"));
     };
-    for (auto* list : f->findChildren<QComboBox*>()) QObject::connect(list, &QComboBox::activated, detail, show);
+    for (auto* list : f->findChildren<QListWidget*>())
+        QObject::connect(list, &QListWidget::currentRowChanged, detail, show);
     for (auto* box : f->findChildren<QCheckBox*>()) QObject::connect(box, &QCheckBox::toggled, detail, show);
     show();
     return f;

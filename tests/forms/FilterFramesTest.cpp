@@ -13,6 +13,7 @@
 
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "forms/GuiSupport.h"
 #include "forms/FormMain.h"
 #include "forms/FormTrackAuswahl.h"
 #include "forms/FrameTable.h"
@@ -20,12 +21,7 @@
 namespace ortelix {
 namespace {
 
-struct Gui {
-    int argc = 1;
-    char name[8] = "ortelix";
-    char* argv[1] = {name};
-    QApplication app{argc, argv};
-};
+using testgui::Gui;
 
 QString Notice(const FormMain& f, int i) { return f.findChild<QLabel*>(QString("LabelInfo%1").arg(i))->text(); }
 
@@ -113,10 +109,12 @@ TEST(FilterFrames, WayPointFilterFrameHoldsEntryRadiusAndCorners) {
 
 TEST(FilterFrames, TrackAuswahlTicksAllOrNone) {
     Gui gui;
-    FormTrackAuswahl form({"2006-02-16", "2006-02-17", "2006-02-18"});
+    // The reader names the dates in ISO form; the user reads them in German form.
+    FormTrackAuswahl form({"2006-02-16", "2006-02-17", "2006-12-01"});
     auto* list = form.findChild<QListWidget*>("List1");
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->item(1)->text(), "2006-02-17");
+    EXPECT_EQ(list->item(1)->text(), "17.02.2006");
+    EXPECT_EQ(list->item(2)->text(), "01.12.2006");
     EXPECT_EQ(form.ticked(), (std::vector<bool>{true, true, true}));
     QTest::mouseClick(form.findChild<QPushButton*>("Command2"), Qt::LeftButton);
     EXPECT_EQ(form.ticked(), (std::vector<bool>{false, false, false}));
