@@ -24,6 +24,12 @@ struct Closings {
     std::vector<size_t> trk, trkseg, track, rte, route;
 };
 
+bool AllAscii(std::string_view t) {
+    unsigned char any = 0;
+    for (char c : t) any |= static_cast<unsigned char>(c);
+    return any < 0x80;
+}
+
 struct Doc {
     std::string_view text;
     const MappedFile* map = nullptr;
@@ -44,10 +50,34 @@ struct Doc {
     std::string_view child(const Element& e, std::string_view tag) const {
         return Trim(StripCdata(InnerText(text, find(tag, e.begin, e.end))));
     }
-    std::string childText(const Element& e, std::string_view tag) const { return DecodeEntities(child(e, tag)); }
-    void passed(size_t pos) const {
-        if (map && (pos & ((1u << 24) - 1)) < 512) map->release(pos);  // about every 16 MB
+    std::string childText(const Element& e, std::string_view tag) const { return value(child(e, tag)); }
+
+    // The file's charset. The text is scanned as it stands (every charset read
+    // here keeps markup and numbers in ASCII); only the values that the store
+    // keeps are decoded, so a large file is never copied.
+    Charset charset = Charset::Utf8;
+    // A value's bytes in UTF-8: as they stand when they are UTF-8 already
+    // (nearly always), else decoded into `buffer`.
+    std::string_view utf8(std::string_view raw, std::string& buffer) const {
+        if (AllAscii(raw) || (charset == Charset::Utf8 && IsValidUtf8(raw))) return raw;
+        buffer = DecodeToUtf8(raw, charset);
+        return buffer;
     }
+    // A text value in UTF-8 with its entities and character references decoded.
+    std::string value(std::string_view raw) const {
+        std::string buffer;
+        return DecodeEntities(utf8(raw, buffer));
+    }
+    // Hands the pages behind a walk back, every 16 MB, so that a large file
+    // is never resident as a whole.
+    // A walk that starts again below the last release point counts from there.
+    void passed(size_t pos) const {
+        if (pos >= releasedUpTo && pos - releasedUpTo < kReleaseStep) return;
+        if (map && pos > releasedUpTo) map->release(pos);
+        releasedUpTo = pos;
+    }
+    static constexpr size_t kReleaseStep = size_t{1} << 24;
+    mutable size_t releasedUpTo = 0;
 };
 
 // Does the text (blanks and a sign aside) begin with `word`, without regard to case?
@@ -115,11 +145,6 @@ Charset DeclaredCharset(std::string_view bytes) {
     return found ? CharsetFromName(name) : Charset::Utf8;
 }
 
-bool AllAscii(std::string_view t) {
-    unsigned char any = 0;
-    for (char c : t) any |= static_cast<unsigned char>(c);
-    return any < 0x80;
-}
 
 // Which outer elements the file has at all, found in one walk, so that the
 // passes for the others cost nothing.
@@ -152,27 +177,34 @@ std::string_view PlainChild(std::string_view t, size_t nameEnd, std::string_view
     return t.substr(from, to - from);
 }
 
-// One walk over every tag: which outer elements exist, where they close, and,
-// when a session is given, the dates of the track points for the date choice
-// (the first time of each trkpt, the first date of each trp).
-Present Survey(Doc& d, Session* dates = nullptr) {
+// The first time (of a trkpt) or date (of a trp) of the point whose start
+// tag opens at `open`, as the reading pass will find it.
+std::string_view FirstChildText(std::string_view t, size_t open, std::string_view point, std::string_view name,
+                                size_t nameEnd) {
+    if (const std::string_view plain = PlainChild(t, nameEnd, name); plain.data()) return Trim(StripCdata(plain));
+    // Not the plain form (CDATA, markup inside, never closed): the full scan.
+    std::string_view value;
+    GetElementWithChildren(t, point, open, t.size(), &name, &value, 1);
+    return Trim(StripCdata(value));
+}
+
+// One walk over the tags of interest: which outer elements exist, where they
+// close, and, when a session is given, the dates of the track points for the
+// date choice (the first time of each trkpt, the first date of each trp).
+Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
+    static constexpr char kFirstLetters[4] = {'t', 'r', 'w', 'd'};  // of every name looked for
     Present p;
-    Closings& c = d.closings;
     bool inTrkpt = false, inTrp = false;
+    size_t pointOpen = 0;
     std::string_view lastDay;
     const std::string_view t = d.text;
-    size_t pos = 0;
-    while (pos < t.size()) {
-        const char* at = FindByte(t.data() + pos, t.data() + t.size(), '<');
-        if (!at) break;
-        const size_t open = static_cast<size_t>(at - t.data());
-        pos = open + 1;
-        const bool closing = pos < t.size() && t[pos] == '/';
-        const size_t from = closing ? pos + 1 : pos;
-        // Every name of interest starts with d, r, t or w: most tags end here.
-        if (from >= t.size()) break;
-        const char first = static_cast<char>(t[from] | 0x20);
-        if (first != 't' && first != 'r' && first != 'w' && first != 'd') continue;
+    const char* const begin = t.data();
+    const char* const stop = begin + t.size();
+    for (const char* at = FindTagStart(begin, stop, kFirstLetters); at; at = FindTagStart(at + 1, stop, kFirstLetters)) {
+        const size_t open = static_cast<size_t>(at - begin);
+        d.passed(open);
+        const bool closing = t[open + 1] == '/';
+        const size_t from = closing ? open + 2 : open + 1;
         size_t end = from;
         while (end < t.size() && end - from < 7 && t[end] != ' ' && t[end] != '>' && t[end] != '/' && t[end] != '\t' &&
                t[end] != '\r' && t[end] != '\n')
@@ -192,10 +224,10 @@ Present Survey(Doc& d, Session* dates = nullptr) {
             else if (NameIs(t, from, end, "rte")) c.rte.push_back(open);
             else if (NameIs(t, from, end, "route")) c.route.push_back(open);
         } else if (len == 4 && dates && (inTrkpt || inTrp)) {
-            const char* name = inTrkpt ? "time" : "date";
+            const std::string_view name = inTrkpt ? "time" : "date";
             if (NameIs(t, from, end, name)) {
+                const std::string_view when = FirstChildText(t, pointOpen, inTrkpt ? "trkpt" : "trp", name, end);
                 // Points come in runs of one day: a text seen just before is noted already.
-                const std::string_view when = Trim(StripCdata(PlainChild(t, end, name)));
                 if (when.empty() || when.substr(0, 10) != lastDay) {
                     lastDay = when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
                     NoteDate(*dates, ParseDate(when));
@@ -205,9 +237,12 @@ Present Survey(Doc& d, Session* dates = nullptr) {
         } else if (len == 5 && NameIs(t, from, end, "trkpt")) {
             const char* gt = FindByte(t.data() + end, t.data() + t.size(), '>');
             inTrkpt = gt && gt[-1] != '/';
+            pointOpen = open;
         } else if (len == 3) {
-            if (NameIs(t, from, end, "trp")) inTrp = true;
-            else if (NameIs(t, from, end, "trk")) p.trk = true;
+            if (NameIs(t, from, end, "trp")) {
+                inTrp = true;
+                pointOpen = open;
+            } else if (NameIs(t, from, end, "trk")) p.trk = true;
             else if (NameIs(t, from, end, "rte")) p.rte = true;
             else if (NameIs(t, from, end, "wpt")) p.wpt = true;
         } else if (len == 5) {
@@ -238,6 +273,7 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
         if (InnerText(d.text, seg).empty()) continue;
         if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
         size_t ptPos = seg.begin;
+        std::string fix;
         while (!s.UserAbort) {
             std::string_view c[6];
             const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildren, c);
@@ -254,7 +290,7 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
             p.date = when.date;
             p.time = when.time;
             p.sat = c[4];
-            p.fix = c[5];
+            p.fix = d.utf8(c[5], fix);
             AddTrackPoint(s, p);
         }
     }
@@ -265,6 +301,7 @@ constexpr std::string_view kTrpChildren[] = {"lon", "lat", "speed", "alt", "cour
 void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
     if ((s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, d.childText(trk, "name"));
     size_t ptPos = trk.begin;
+    std::string fix;
     while (!s.UserAbort) {
         std::string_view c[9];
         const Element pt = d.point("trp", ptPos, trk.end, kTrpChildren, c);
@@ -278,7 +315,7 @@ void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
         p.alt = ParseAltitude(c[3]);
         p.course = ParseCourse(c[4]);
         p.sat = c[5];
-        p.fix = c[6];
+        p.fix = d.utf8(c[6], fix);
         p.date = ParseDate(c[7]);
         p.time = ParseTime(c[8]);
         AddTrackPoint(s, p);
@@ -290,9 +327,9 @@ constexpr std::string_view kGpxPointChildren[] = {"name", "desc", "cmt", "ele", 
 // A route point or waypoint of the GPX vocabulary; false when it has no position.
 bool GpxGeoPoint(const Doc& d, const Element& pt, const std::string_view (&c)[6], GeoPointIn& g) {
     if (!Position(d, pt, g.lon, g.lat)) return false;
-    g.name = DecodeEntities(c[0]);
-    g.desc = DecodeEntities(c[1]);
-    g.cmt = DecodeEntities(c[2]);
+    g.name = d.value(c[0]);
+    g.desc = d.value(c[1]);
+    g.cmt = d.value(c[2]);
     g.alt = ParseAltitude(c[3]);
     g.course = ParseCourse(c[4]);
     const DateAndTime when = GpxTime(c[5]);
@@ -304,11 +341,11 @@ bool GpxGeoPoint(const Doc& d, const Element& pt, const std::string_view (&c)[6]
 constexpr std::string_view kShortPointChildren[] = {"lon", "lat", "name", "description", "info", "alt", "date", "time"};
 
 // A route point or waypoint of the short vocabulary; false when it has no position.
-bool ShortGeoPoint(const std::string_view (&c)[8], GeoPointIn& g) {
+bool ShortGeoPoint(const Doc& d, const std::string_view (&c)[8], GeoPointIn& g) {
     if (!ShortPosition(c[0], c[1], g.lon, g.lat)) return false;
-    g.name = DecodeEntities(c[2]);
-    g.desc = DecodeEntities(c[3]);
-    g.cmt = DecodeEntities(c[4]);
+    g.name = d.value(c[2]);
+    g.desc = d.value(c[3]);
+    g.cmt = d.value(c[4]);
     g.alt = ParseAltitude(c[5]);
     g.date = ParseDate(c[6]);
     g.time = ParseTime(c[7]);
@@ -352,7 +389,7 @@ void ReadShortRoutes(Session& s, const Doc& d) {
          [&](const Element& r) { NewRoute(s.store, d.childText(r, "name")); },
          [&](const Element&, const std::string_view (&c)[8]) {
              GeoPointIn g;
-             if (ShortGeoPoint(c, g)) AddRoutePoint(s.store, g);
+             if (ShortGeoPoint(d, c, g)) AddRoutePoint(s.store, g);
          });
 }
 
@@ -370,7 +407,7 @@ void ReadPoints(Session& s, const Doc& d, std::string_view tag, const std::strin
         if constexpr (N == 6) {
             if (!GpxGeoPoint(d, pt, c, g)) continue;
         } else {
-            if (!ShortGeoPoint(c, g)) continue;
+            if (!ShortGeoPoint(d, c, g)) continue;
         }
         AddWayPoint(s, std::move(g));
     }
@@ -398,11 +435,11 @@ void ReadTracks(Session& s, const Doc& d, const Present& p) {
         EachOuter(s, d, "track", d.closings.track, [&](const Element& e) { ReadShortTrackElement(s, d, e); });
 }
 
-void ReadDoc(Session& s, Doc d) {
+void ReadDoc(Session& s, Doc&& d) {
     if (d.text.empty()) return;
     // A file with points of several days lets the user choose the days: the
     // survey notes the dates on its way.
-    const Present p = Survey(d, &s);
+    const Present p = Survey(d, d.closings, &s);
     AskDates(s);
     ReadTracks(s, d, p);
     ClearDates(s);
@@ -416,33 +453,34 @@ void ReadDoc(Session& s, Doc d) {
     s.store.StatusText.set("Fertig");
 }
 
-// The text in UTF-8: the bytes themselves when they are UTF-8 or plain ASCII,
-// else a decoded copy held in `decoded`. A UTF-16 file is known by its first
-// bytes; its declaration then names UTF-16, which the scan need not know.
-std::string_view AsUtf8(std::string_view bytes, std::string& decoded) {
+// The document over the file's bytes. UTF-16 is the one charset that the
+// scan cannot walk as it stands: such a file is decoded as a whole into
+// `decoded` (its declaration then names UTF-16, which the scan need not know).
+Doc OpenDoc(std::string_view bytes, std::string& decoded, const MappedFile* map) {
+    Doc d;
     if (const Utf16Order order = DetectUtf16(bytes); order != Utf16Order::None) {
         decoded = DecodeUtf16(bytes, order);
-        return decoded;
+        d.text = decoded;
+        return d;
     }
-    const Charset cs = DeclaredCharset(bytes);
-    if (AllAscii(bytes) || (cs == Charset::Utf8 && IsValidUtf8(bytes))) return bytes;
-    decoded = DecodeToUtf8(bytes, cs);
-    return decoded;
+    d.text = bytes;
+    d.map = map;
+    d.charset = DeclaredCharset(bytes);
+    return d;
 }
 
 }  // namespace
 
 void ReadGPXText(Session& s, std::string_view bytes) {
     std::string decoded;
-    ReadDoc(s, Doc{AsUtf8(bytes, decoded)});
+    ReadDoc(s, OpenDoc(bytes, decoded, nullptr));
 }
 
 void ReadGPXFile(Session& s, const std::string& path) {
     s.store.StatusText.set("Lese Datei");
     const MappedFile file(path);
     std::string decoded;
-    const std::string_view text = AsUtf8(file.view(), decoded);
-    ReadDoc(s, Doc{text, text.data() == file.view().data() ? &file : nullptr});
+    ReadDoc(s, OpenDoc(file.view(), decoded, &file));
     file.checkIntact();
 }
 

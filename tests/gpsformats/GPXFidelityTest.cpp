@@ -136,5 +136,52 @@ TEST_F(GPXFidelity, ElementsWithoutPositionAreNotTaken) {
     EXPECT_EQ(s.store.SkippedTrackPoints, 0);
 }
 
+
+TEST_F(GPXFidelity, SingleByteCharsetsReachEveryKeptText) {
+    // The scan walks the bytes as they stand; each text the store keeps is
+    // decoded: names of tracks, routes and points, descriptions, the fix.
+    ReadGPXFile(s, Write("<?xml version='1.0' encoding='windows-1252'?>\n<gpx>"
+                         "<wpt lat=\"1\" lon=\"1\"><name>K\xF6ln \x80</name><cmt>&#252; &amp; \xFC</cmt></wpt>"
+                         "<rte><name>R\xE4tsel</name><rtept lat=\"2\" lon=\"2\"><desc>\x93zitiert\x94</desc></rtept></rte>"
+                         "<trk><name>Gr\xFCn</name><trkseg><trkpt lat=\"3\" lon=\"3\"><fix>\xB2" "d</fix></trkpt></trkseg></trk>"
+                         "<track><name>\xDF</name><trp><lon>4</lon><lat>4</lat><fix>\xE9</fix></trp></track></gpx>"));
+    ASSERT_EQ(s.store.WayPoints.size(), 1u);
+    EXPECT_EQ(s.store.WayPoints[0].Name, "K\xC3\xB6ln \xE2\x82\xAC");
+    EXPECT_EQ(s.store.WayPoints[0].Cmt, "\xC3\xBC & \xC3\xBC");  // a reference and a byte, the same letter
+    ASSERT_EQ(s.store.Routes.size(), 1u);
+    EXPECT_EQ(s.store.Routes[0].Name, "R\xC3\xA4tsel");
+    EXPECT_EQ(s.store.Routes[0].Points.at(0).Desc, "\xE2\x80\x9Czitiert\xE2\x80\x9D");
+    ASSERT_EQ(s.store.Tracks.size(), 2u);
+    EXPECT_EQ(s.store.Tracks[0].Name, "Gr\xC3\xBCn");
+    EXPECT_EQ(s.store.Tracks[0].Points.at(0).Fix.view(), "\xC2\xB2" "d");
+    EXPECT_EQ(s.store.Tracks[1].Name, "\xC3\x9F");
+    EXPECT_EQ(s.store.Tracks[1].Points.at(0).Fix.view(), "\xC3\xA9");
+}
+
+TEST_F(GPXFidelity, EveryTimeTheReaderSeesIsOfferedInTheDateChoice) {
+    // Times in CDATA, with blanks, or behind an unclosed child: the date
+    // choice offers the same days the points then carry, so a point is never
+    // refused for a day that was not offered.
+    platform.dateAnswer = {true, false, true};
+    ReadGPXText(s, "<gpx><trk><trkseg>"
+                   "<trkpt lat=\"1\" lon=\"1\"><time><![CDATA[2006-02-16T10:00:00Z]]></time></trkpt>"
+                   "<trkpt lat=\"2\" lon=\"2\"><time>\n 2006-02-17T10:00:00Z </time></trkpt>"
+                   "<trkpt lat=\"3\" lon=\"3\"><time>2006-02-18T10:00:00Z<b/></time></trkpt>"
+                   "<trkpt lat=\"4\" lon=\"4\"><time>2006-02-19T10:00:00Z</trkpt>"
+                   "</trkseg></trk></gpx>");
+    ASSERT_EQ(platform.datesAsked.size(), 3u);
+    EXPECT_EQ(platform.datesAsked[0], "2006-02-16");
+    EXPECT_EQ(platform.datesAsked[1], "2006-02-17");
+    EXPECT_EQ(platform.datesAsked[2], "2006-02-18");
+    ASSERT_EQ(s.store.Tracks.size(), 1u);
+    const auto& p = s.store.Tracks[0].Points;
+    ASSERT_EQ(p.size(), 3u);  // the 17th is not wanted; the point with an unclosed time has no date
+    EXPECT_EQ(p[0].Lat, 1);
+    EXPECT_EQ(p[1].Lat, 3);
+    EXPECT_EQ(p[2].Lat, 4);
+    EXPECT_TRUE(p[2].Date_.empty());
+    EXPECT_EQ(s.store.SkippedTrackPoints, 1);
+}
+
 }  // namespace
 }  // namespace ortelix
