@@ -68,14 +68,18 @@ void OziCERouteLesenText(Session& s, std::string_view bytes, std::string_view na
     int64_t count = 0;
     while (!s.UserAbort && lines.next(line)) {
         if (UpperFirst(line) != 'W') continue;
+        const OziFields<5> f(line);
+        GeoPointIn p;
+        // A W line without a position is no route point (not one at 0/0),
+        // and a file of nothing else opens no route.
+        if (!ParseOziPosition(f[3], f[4], p.lat, p.lon)) {
+            s.progress();
+            continue;
+        }
         if (!started) {
             NewRoute(s.store, name);
             started = true;
         }
-        const OziFields<5> f(line);
-        GeoPointIn p;
-        p.lat = ParseCoordinate(f[3]);
-        p.lon = ParseCoordinate(f[4]);
         p.name = OziFieldText(f[2]);
         if (LeadingNumber(f[5]) != 0) p.cmt = "Silent";
         AddRoutePoint(s.store, p);

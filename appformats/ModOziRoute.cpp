@@ -115,8 +115,11 @@ void OziRouteLesenText(Session& s, std::string_view bytes, std::string_view name
             continue;
         }
         GeoPointIn p;
-        p.lat = ParseCoordinate(f[6]);
-        p.lon = ParseCoordinate(f[7]);
+        // A W line without a position is no route point (not one at 0/0).
+        if (!ParseOziPosition(f[6], f[7], p.lat, p.lon)) {
+            s.progress();
+            continue;
+        }
         p.name = OziFieldText(f[5]);
         p.desc = OziFieldText(f[14]);
         const OziMoment m = ParseTageswert(f[8]);

@@ -134,10 +134,13 @@ void OziTrackLesenText(Session& s, std::string_view bytes, std::string_view name
         if (IsBlankLine(line)) continue;
         const OziFields<7> f(line);
         TrackPointIn p;
-        p.lat = ParseCoordinate(f[1]);
-        p.lon = ParseCoordinate(f[2]);
-        // Only a number too long for a double gets here as infinite: no place on earth.
-        if (!std::isfinite(p.lat) || !std::isfinite(p.lon)) continue;
+        // A line without a position is no point (not one at 0/0 or on the
+        // equator). A position off the earth is a point, which the store
+        // refuses and counts.
+        if (!ParseOziPosition(f[1], f[2], p.lat, p.lon)) {
+            s.progress();
+            continue;
+        }
         // An empty altitude field means a short line: nothing optional follows it.
         if (!Trim(f[4]).empty()) {
             p.alt = ParseHoeheFuss(f[4]);

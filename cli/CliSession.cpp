@@ -21,7 +21,9 @@ bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
     // the settings file, so that --set overrides them.
     HelmertEinlesen(*ctx.session);
     GeoidLaden(*ctx.session);
-    RestoreSettings(*ctx.session, MapStitcherFound(*ctx.session));
+    // A value of the settings file out of range takes its reset value; say which.
+    for (const std::string& notice : RestoreSettings(*ctx.session, MapStitcherFound(*ctx.session)))
+        std::fprintf(stderr, "%s\n", notice.c_str());
     std::vector<std::pair<std::string, std::string>> sets;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
@@ -58,7 +60,8 @@ bool PrepareCli(CliContext& ctx, const std::vector<std::string>& args) {
     }
     for (const auto& [name, val] : sets) {
         if (!SetOption(ctx.session->options, name, val)) {
-            ctx.error = "Unbekannte Einstellung: " + name + "=" + val;
+            ctx.error = (OptionNameKnown(name) ? "Wert außerhalb des Bereichs: " : "Unbekannte Einstellung: ") + name +
+                        "=" + val;
             return false;
         }
     }

@@ -5,6 +5,7 @@
 #include "cli/CliCommands.h"
 #include "core/Failure.h"
 #include "core/ModulShared.h"
+#include "core/WholeNumber.h"
 
 namespace ortelix {
 
@@ -62,8 +63,8 @@ int OziMapCommand(const std::vector<std::string>& args) {
     d.latO = d.latO2 = n[1];
     d.lonR = d.lonR2 = n[2];
     d.latU = d.latU2 = n[3];
-    d.width = static_cast<int>(n[4]);
-    d.height = static_cast<int>(n[5]);
+    d.width = static_cast<int>(WholeWithin(n[4], 1 << 30));
+    d.height = static_cast<int>(WholeWithin(n[5], 1 << 30));
     if (d.width <= 0 || d.height <= 0 || d.width != n[4] || d.height != n[5]) {
         std::fprintf(stderr, "Breite und Höhe sind ganze Pixelzahlen über 0\n");
         return 2;

@@ -1,5 +1,7 @@
 #include "commands/StartUp.h"
 
+#include <cstdio>
+
 #include "coordinates/Datum.h"
 #include "coordinates/Geoid.h"
 #include "core/ModulMain.h"
@@ -13,7 +15,10 @@ std::string StartUp(Session& s) {
     GeoidLaden(s);  // heights stay 0 without the grid file
     ClearStore(s.store);
     s.UserAbort = false;
-    RestoreSettings(s, MapStitcherFound(s));
+    // A value of the settings file out of range takes its reset value; the
+    // notice of it goes to stderr, before any window is up.
+    for (const std::string& notice : RestoreSettings(s, MapStitcherFound(s)))
+        std::fprintf(stderr, "%s\n", notice.c_str());
     return s.platform.tempFolder();
 }
 

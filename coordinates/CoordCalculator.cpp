@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "coordinates/ModulTransformation.h"
+#include "core/ModulArray.h"
 #include "core/Session.h"
 
 namespace ortelix {
@@ -11,16 +12,56 @@ namespace {
 
 constexpr int kListDatum = 44;
 
+// What the values of a conversion are, for the range test before it runs.
+enum class Input {
+    Text,      // one text (UTM, o2): its numbers are tested in the result
+    Geo,       // longitude, latitude (twice for the distance)
+    Grid,      // easting, northing in metres
+    Offset,    // longitude, latitude, azimuth in degrees, distance in metres
+};
+
 struct Operation {
     std::string_view name;
     int values;  // 0: one text
+    Input input;
+    bool geoResult;  // the result is a longitude and a latitude
 };
 
 constexpr Operation kOperations[] = {
-    {"wgs84-gk", 2},   {"gk-wgs84", 2},    {"wgs84-utm", 2},   {"utm-wgs84", 0},  {"wgs84-grid", 2},
-    {"grid-wgs84", 2}, {"wgs84-o2", 2},    {"o2-wgs84", 0},    {"datum-wgs84", 2}, {"wgs84-datum", 2},
-    {"distance", 4},   {"offset", 4},      {"geoid", 2},
+    {"wgs84-gk", 2, Input::Geo, false},    {"gk-wgs84", 2, Input::Grid, true},
+    {"wgs84-utm", 2, Input::Geo, false},   {"utm-wgs84", 0, Input::Text, true},
+    {"wgs84-grid", 2, Input::Geo, false},  {"grid-wgs84", 2, Input::Grid, true},
+    {"wgs84-o2", 2, Input::Geo, false},    {"o2-wgs84", 0, Input::Text, true},
+    {"datum-wgs84", 2, Input::Geo, true},  {"wgs84-datum", 2, Input::Geo, true},
+    {"distance", 4, Input::Geo, false},    {"offset", 4, Input::Offset, true},
+    {"geoid", 2, Input::Geo, false},
 };
+
+// Grid values beyond a million kilometres and offsets beyond that or beyond
+// a million degrees of azimuth are no coordinates: the series and integer
+// texts of the grids are not made for them.
+constexpr double kMaxGridMetres = 1.0e9;
+constexpr double kMaxAzimuth = 1.0e6;
+
+const Operation* FindOperation(std::string_view op) {
+    for (const Operation& o : kOperations)
+        if (o.name == op) return &o;
+    return nullptr;
+}
+
+bool InputInRange(const Operation& o, const double* v) {
+    switch (o.input) {
+        case Input::Text: return true;
+        case Input::Geo:
+            for (int i = 0; i < o.values; i += 2)
+                if (!PositionInRange(v[i], v[i + 1])) return false;
+            return true;
+        case Input::Grid: return std::fabs(v[0]) <= kMaxGridMetres && std::fabs(v[1]) <= kMaxGridMetres;
+        case Input::Offset:
+            return PositionInRange(v[0], v[1]) && std::fabs(v[2]) <= kMaxAzimuth && std::fabs(v[3]) <= kMaxGridMetres;
+    }
+    return false;
+}
 
 bool Number(std::string_view text, double& v) {
     if (!text.empty() && text.front() == '+') text.remove_prefix(1);
@@ -28,11 +69,13 @@ bool Number(std::string_view text, double& v) {
     return r.ec == std::errc() && r.ptr == text.data() + text.size() && std::isfinite(v);
 }
 
+// The shortest digits that read back as the same double, always in fixed
+// notation: 600000, not 6e+05.
 void Append(std::string& out, double v) {
     if (v == 0) v = 0;  // no "-0"
-    char buf[32];
+    char buf[400];
     if (!out.empty()) out += ' ';
-    out.append(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+    out.append(buf, std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed).ptr);
 }
 
 std::string Join(const std::vector<std::string>& values) {
@@ -76,19 +119,19 @@ const std::vector<std::string_view>& CoordOperations() {
 }
 
 int CoordValueCount(std::string_view op) {
-    for (const Operation& o : kOperations)
-        if (o.name == op) return o.values;
-    return -1;
+    const Operation* o = FindOperation(op);
+    return o ? o->values : -1;
 }
 
 bool CoordLine(Session& s, std::string_view op, const std::vector<std::string>& values, const CoordFlags& flags,
                std::string& out, std::string& error) {
     out.clear();
-    const int count = CoordValueCount(op);
-    if (count < 0) {
+    const Operation* operation = FindOperation(op);
+    if (!operation) {
         error = "Unbekannte Umrechnung: " + std::string(op);
         return false;
     }
+    const int count = operation->values;
     double v[4] = {};
     if (count > 0) {
         if (static_cast<int>(values.size()) != count) {
@@ -104,9 +147,14 @@ bool CoordLine(Session& s, std::string_view op, const std::vector<std::string>& 
         error = std::string(op) + " erwartet einen Text";
         return false;
     }
+    const std::string outOfRange = "Koordinate außerhalb des Bereichs: " + Join(values);
+    if (!InputInRange(*operation, v)) {
+        error = outOfRange;
+        return false;
+    }
     double meridian = 0;
     const bool hasMeridian = !flags.meridian.empty();
-    if (hasMeridian && !Number(flags.meridian, meridian)) {
+    if (hasMeridian && (!Number(flags.meridian, meridian) || std::fabs(meridian) > 360)) {
         error = "Kein Meridian: " + flags.meridian;
         return false;
     }
@@ -120,6 +168,12 @@ bool CoordLine(Session& s, std::string_view op, const std::vector<std::string>& 
     } else if (op == "wgs84-utm") {
         std::string zone;
         GeoNachUTM(v[0], v[1], false, zone, a, b, out);
+        // At the poles the series has no easting: no text of digits to give.
+        if (!std::isfinite(a) || !std::isfinite(b)) {
+            out.clear();
+            error = outOfRange;
+            return false;
+        }
         return true;
     } else if (op == "utm-wgs84") {
         UTMNachGeo(Join(values), a, b, false);
@@ -132,6 +186,12 @@ bool CoordLine(Session& s, std::string_view op, const std::vector<std::string>& 
         if (op == "wgs84-grid") WGS84NachGrid(v[0], v[1], a, b, static_cast<int>(system));
         else GridNachWGS84(v[0], v[1], a, b, static_cast<int>(system));
     } else if (op == "wgs84-o2") {
+        double r = 0, h = 0;
+        WGS84NachGK(v[0], v[1], r, h);
+        if (!std::isfinite(r) || !std::isfinite(h)) {
+            error = outOfRange;
+            return false;
+        }
         out = WGS84NachO2(v[0], v[1]);
         return true;
     } else if (op == "o2-wgs84") {
@@ -153,6 +213,11 @@ bool CoordLine(Session& s, std::string_view op, const std::vector<std::string>& 
     } else if (op == "geoid") {
         Append(out, GeoidHoehe(s, v[0], v[1]));
         return true;
+    }
+    // A grid text or grid values far off the earth give no place on it.
+    if (!std::isfinite(a) || !std::isfinite(b) || (operation->geoResult && !PositionInRange(a, b))) {
+        error = outOfRange;
+        return false;
     }
     Append(out, a);
     Append(out, b);

@@ -1,6 +1,7 @@
 #pragma once
 // The coordinate calculator of `ortelix coord`: one conversion by name over
-// a list of values, the result as one line of shortest round-trip numbers.
+// a list of values, the result as one line of shortest round-trip numbers in
+// fixed notation. Values off the earth are refused with a German message.
 #include <string>
 #include <string_view>
 #include <vector>

@@ -91,10 +91,11 @@ std::vector<std::string> DatumEintraege(const CoordinateState& c) {
 }
 
 const Datum* SelectedDatum(const Session& s) {
-    const int i = s.options.List[kListDatum] + 1;
-    // An entry past the table (the list is empty or shorter) counts as none.
-    if (i < 1 || i > static_cast<int>(s.coords.DatumListe.size())) return nullptr;
-    return &s.coords.DatumListe[static_cast<size_t>(i - 1)];
+    const int entry = s.options.List[kListDatum];
+    // An entry past the table (the list is empty or shorter) counts as none;
+    // compared as it stands, since any int can come from a settings file.
+    if (entry < 0 || static_cast<size_t>(entry) >= s.coords.DatumListe.size()) return nullptr;
+    return &s.coords.DatumListe[static_cast<size_t>(entry)];
 }
 
 HelmertAnzeige HelmertAnzeigen(const Session& s) {

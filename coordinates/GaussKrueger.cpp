@@ -6,6 +6,7 @@
 #include "coordinates/Constants.h"
 #include "coordinates/Datum.h"
 #include "core/ModulShared.h"
+#include "core/WholeNumber.h"
 
 namespace ortelix {
 namespace {
@@ -126,8 +127,9 @@ std::string WGS84NachO2(double lon, double lat) {
     double R, H;
     WGS84NachGK(lon, lat, R, H);
     char buf[64];
-    char* p = std::to_chars(buf, buf + 32, static_cast<long long>(std::floor(H / 10))).ptr;
-    p = std::to_chars(p, buf + sizeof buf, static_cast<long long>(std::floor(R / 10))).ptr;
+    constexpr int64_t kLimit = int64_t{1} << 53;  // far beyond any grid, within a long long
+    char* p = std::to_chars(buf, buf + 32, WholeWithin(std::floor(H / 10), kLimit)).ptr;
+    p = std::to_chars(p, buf + sizeof buf, WholeWithin(std::floor(R / 10), kLimit)).ptr;
     return std::string(buf, p);
 }
 

@@ -6,6 +6,7 @@
 #include "coordinates/Constants.h"
 #include "coordinates/TransverseMercator.h"
 #include "core/ModulShared.h"
+#include "core/WholeNumber.h"
 
 namespace ortelix {
 namespace {
@@ -23,7 +24,8 @@ int Zone(double lon, double lat) {
         if (in(lon, 21, 33)) return 35;
         if (in(lon, 33, 42)) return 37;
     }
-    return static_cast<int>(std::floor((lon + 180) / 6)) + 1;
+    // Held so that a longitude far off the earth gives a zone number, not a wrapped integer.
+    return static_cast<int>(WholeWithin(std::floor((lon + 180) / 6), 1000000)) + 1;
 }
 
 char Band(double lat) {
@@ -42,6 +44,9 @@ TransverseMercator ZoneProjection(double zone) {
     p.falseEasting = 500000;
     return p;
 }
+
+// Far beyond any grid, and still within a long long.
+constexpr int64_t kWholeMetresLimit = int64_t{1} << 53;
 
 void AppendDigits(std::string& s, long long v, int width) {
     char buf[32];
@@ -67,9 +72,9 @@ void GeoNachUTM(double lon, double lat, bool /*erzwingen*/, std::string& zone, d
     nord = std::floor(nord + 0.5);
     text = zone;
     text += ' ';
-    AppendDigits(text, static_cast<long long>(ost), 7);
+    AppendDigits(text, WholeWithin(ost, kWholeMetresLimit), 7);
     text += ' ';
-    AppendDigits(text, static_cast<long long>(nord), 7);
+    AppendDigits(text, WholeWithin(nord, kWholeMetresLimit), 7);
 }
 
 void UTMNachGeo(std::string_view text, double& lon, double& lat, bool /*erzwingen*/) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/ModulShared.h"
+#include "core/WholeNumber.h"
 
 namespace ortelix {
 
@@ -40,7 +41,8 @@ double SplitSizeLimit(const Options& o) {
 
 int64_t PauseLimitSeconds(const Options& o) {
     if (o.Check[18] == 0) return -1;
-    return static_cast<int64_t>(std::floor(o.Number(0))) * 60;
+    // Held within a million years of minutes: the product stays far inside 64 bits.
+    return WholeWithin(std::floor(o.Number(0)), int64_t{1} << 40) * 60;
 }
 
 namespace {

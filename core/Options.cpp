@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "core/ModulShared.h"
+#include "core/OptionBounds.h"
 
 namespace ortelix {
 
@@ -28,10 +29,11 @@ bool ParseInt(std::string_view v, int& x) {
     return r.ec == std::errc() && r.ptr == v.data() + v.size();
 }
 
+// A list index (or a colour) within [0, count); anything else is refused.
 template <size_t N>
-bool SetInt(std::array<int, N>& a, size_t i, std::string_view v) {
+bool SetIndex(std::array<int, N>& a, size_t i, std::string_view v, int count) {
     int x = 0;
-    if (i >= N || !ParseInt(v, x)) return false;
+    if (i >= N || !ParseInt(v, x) || x < 0 || x >= count) return false;
     a[i] = x;
     return true;
 }
@@ -40,7 +42,7 @@ bool SetInt(std::array<int, N>& a, size_t i, std::string_view v) {
 template <size_t N>
 bool SetCheck(std::array<int, N>& a, size_t i, std::string_view v) {
     if (v != "0" && v != "1") return false;
-    return SetInt(a, i, v);
+    return SetIndex(a, i, v, 2);
 }
 
 template <size_t N>
@@ -48,6 +50,12 @@ bool SetText(std::array<std::string, N>& a, size_t i, std::string_view v) {
     if (i >= N) return false;
     a[i] = v;
     return true;
+}
+
+// A number field: its text as given, when the number it reads as lies in range.
+template <size_t N>
+bool SetNumber(std::array<std::string, N>& a, size_t i, std::string_view v, NumberRange r) {
+    return i < N && NumberInRange(v, r) && SetText(a, i, v);
 }
 
 std::string IntText(int v) {
@@ -95,26 +103,33 @@ std::vector<OptionEntry> ListOptions(const Options& o) {
 
 bool SetOption(Options& o, std::string_view name, std::string_view value) {
     if (name == "PhotoshopExe9") return o.PhotoshopExe9 = value, true;
-    if (name == "NMEASimFaktor") return o.NMEASimFaktor = value, true;
+    if (name == "NMEASimFaktor") return NumberInRange(value, SimFactorRange()) && (o.NMEASimFaktor = value, true);
     if (name == "ComPort") return o.ComPort = value, true;
     std::string_view array;
     size_t i = 0;
     if (!SplitName(name, array, i)) return false;
     if (array == "Check") return SetCheck(o.Check, i, value);
-    if (array == "List") return SetInt(o.List, i, value);
-    if (array == "ListFeld") return SetInt(o.ListFeld, i, value);
-    if (array == "CommandSwissWPFarbe") return SetInt(o.CommandSwissWPFarbe, i, value);
-    if (array == "KarteKoordInput") return KarteKoordInputExists(i) && SetText(o.KarteKoordInput, i, value);
+    if (array == "List") return SetIndex(o.List, i, value, ListEntries(i));
+    if (array == "ListFeld") return SetIndex(o.ListFeld, i, value, kListFeldEntries);
+    if (array == "CommandSwissWPFarbe") return SetIndex(o.CommandSwissWPFarbe, i, value, kLargestColour + 1);
+    if (array == "KarteKoordInput")
+        return KarteKoordInputExists(i) && SetNumber(o.KarteKoordInput, i, value, KarteKoordRange(i));
     if (array == "TextZeit") return SetText(o.TextZeit, i, value);
     if (array == "Text") return SetText(o.Text, i, value);
     if (array == "MapExpCheck") return SetCheck(o.MapExpCheck, i, value);
-    if (array == "ZahlInput") return SetText(o.ZahlInput, i, value);
-    if (array == "MapExpList") return SetInt(o.MapExpList, i, value);
-    if (array == "MapExpKoordInput") return SetText(o.MapExpKoordInput, i, value);
+    if (array == "ZahlInput") return SetNumber(o.ZahlInput, i, value, ZahlRange(i));
+    if (array == "MapExpList") return SetIndex(o.MapExpList, i, value, kMapExpListEntries);
+    if (array == "MapExpKoordInput") return SetNumber(o.MapExpKoordInput, i, value, MapExpKoordRange(i));
     if (array == "OptionNMEA") return SetCheck(o.OptionNMEA, i, value);
-    if (array == "NMEABox") return SetText(o.NMEABox, i, value);
+    if (array == "NMEABox") return SetNumber(o.NMEABox, i, value, NMEABoxRange(i));
     if (array == "NMEASimCheckBox") return SetCheck(o.NMEASimCheckBox, i, value);
-    if (array == "NMEASimList") return SetInt(o.NMEASimList, i, value);
+    if (array == "NMEASimList") return SetIndex(o.NMEASimList, i, value, kNMEASimListEntries);
+    return false;
+}
+
+bool OptionNameKnown(std::string_view name) {
+    for (const OptionEntry& e : ListOptions(Options{}))
+        if (e.name == name) return true;
     return false;
 }
 

@@ -66,6 +66,10 @@ std::vector<OptionEntry> ListOptions(const Options& o);
 
 namespace ortelix {
 // Sets one option by its array and index ("Check12", "KarteKoordInput25");
-// false when no option has that name or the value does not fit.
+// false when no option has that name or the value does not fit: a list index
+// past its list, a check other than 0 or 1, a number field whose number lies
+// outside its range (core/OptionBounds.h).
 bool SetOption(Options& o, std::string_view name, std::string_view value);
+// Whether an option of that name exists (whatever value it may take).
+bool OptionNameKnown(std::string_view name);
 }  // namespace ortelix

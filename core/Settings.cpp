@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/ModulShared.h"
+#include "core/OptionBounds.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
 
@@ -22,29 +23,46 @@ std::string Num(int v) {
 
 std::string Key(const char* prefix, size_t i) { return prefix + Num(static_cast<int>(i)); }
 
-// Reads the store with the option's names; every read falls back to a default.
-class Reader {
+// Reads the store over a table of values to fall back on. A key that is
+// missing takes the table's value silently: a store left by an abnormal end
+// may hold only some keys. A key whose text does not read, or reads out of
+// range, takes it too and leaves a notice.
+class Loader {
 public:
-    explicit Reader(Platform& p) : p_(p) {}
-    std::string text(const char* section, const std::string& key, const std::string& def) {
+    Loader(Platform& p, std::vector<std::string>& notices) : p_(p), notices_(notices) {}
+
+    std::string text(const char* section, const std::string& key, const std::string& base) {
         auto v = p_.readSetting(section, key);
-        return v ? *v : def;
+        return v ? *v : base;
     }
-    int number(const char* section, const std::string& key, int def) {
+    // A list entry (or a check, or a colour) from 0 to count - 1.
+    int index(const char* section, const std::string& key, int base, int count) {
         auto v = p_.readSetting(section, key);
-        if (!v) return def;
+        if (!v) return base;
         int x = 0;
         auto r = std::from_chars(v->data(), v->data() + v->size(), x);
-        return r.ec == std::errc() && r.ptr == v->data() + v->size() ? x : def;
+        if (r.ec == std::errc() && r.ptr == v->data() + v->size() && x >= 0 && x < count) return x;
+        refuse(section, key, *v, Num(base));
+        return base;
     }
-    // Check boxes: 0 or 1, else the default.
-    int check(const char* section, const std::string& key, int def) {
-        const int x = number(section, key, def);
-        return x == 0 || x == 1 ? x : def;
+    int check(const char* section, const std::string& key, int base) { return index(section, key, base, 2); }
+    // A number field: its text, when the number it reads as lies in range.
+    std::string number(const char* section, const std::string& key, const std::string& base, NumberRange range) {
+        auto v = p_.readSetting(section, key);
+        if (!v) return base;
+        if (NumberInRange(*v, range)) return *v;
+        refuse(section, key, *v, base);
+        return base;
     }
 
 private:
+    void refuse(const char* section, const std::string& key, const std::string& value, const std::string& base) {
+        notices_.push_back("Ungültige Einstellung " + std::string(section) + "/" + key + "=" + value +
+                           ": es gilt die Grundeinstellung " + base);
+    }
+
     Platform& p_;
+    std::vector<std::string>& notices_;
 };
 }  // namespace
 
@@ -81,38 +99,55 @@ void SaveSettings(Session& s) {
     p.syncSettings();
 }
 
-void LoadSettings(Session& s) {
-    Reader r(s.platform);
+std::vector<std::string> LoadSettings(Session& s, bool mapStitcherFound) {
+    std::vector<std::string> notices;
+    Loader r(s.platform, notices);
+    // Every key falls back on the value a reset gives; what a reset leaves
+    // alone falls back on the control's value as it stands.
+    Options base = s.options;
+    ResetSettings(base, mapStitcherFound);
     Options& o = s.options;
-    for (size_t i = 0; i < o.ListFeld.size(); ++i) o.ListFeld[i] = r.number(kSetup, Key("ListFeldTopIndex", i), 0);
+    o = base;
+    for (size_t i = 0; i < o.ListFeld.size(); ++i)
+        o.ListFeld[i] = r.index(kSetup, Key("ListFeldTopIndex", i), base.ListFeld[i], kListFeldEntries);
+    const size_t datums = s.coords.DatumListe.size();
     for (size_t i = 0; i < o.List.size(); ++i)
-        o.List[i] = r.number(kSetup, Key(i == 9 || i == 44 ? "ListBoxListIndex" : "ListBoxTopIndex", i), 0);
-    for (size_t i = 0; i < o.Check.size(); ++i) o.Check[i] = r.check(kSetup, Key("CheckBox", i), o.Check[i]);
+        o.List[i] = r.index(kSetup, Key(i == 9 || i == 44 ? "ListBoxListIndex" : "ListBoxTopIndex", i), base.List[i],
+                            ListEntriesWithDatums(i, datums));
+    for (size_t i = 0; i < o.Check.size(); ++i) o.Check[i] = r.check(kSetup, Key("CheckBox", i), base.Check[i]);
     for (size_t i = 0; i < o.KarteKoordInput.size(); ++i)
-        if (KarteKoordInputExists(i)) o.KarteKoordInput[i] = r.text(kSetup, Key("KoordinatenFeld", i), "0");
+        if (KarteKoordInputExists(i))
+            o.KarteKoordInput[i] =
+                r.number(kSetup, Key("KoordinatenFeld", i), base.KarteKoordInput[i], KarteKoordRange(i));
     // The waypoint filter's corners are stored twice; the second key wins.
-    for (size_t i = 8; i <= 19; ++i) o.KarteKoordInput[i] = r.text(kSetup, Key("KartenExport", i), "0");
-    for (size_t i = 0; i < o.Text.size(); ++i) o.Text[i] = r.text(kSetup, Key("TextFeld", i), "Beschreibung");
+    for (size_t i = 8; i <= 19; ++i)
+        o.KarteKoordInput[i] = r.number(kSetup, Key("KartenExport", i), o.KarteKoordInput[i], KarteKoordRange(i));
+    for (size_t i = 0; i < o.Text.size(); ++i) o.Text[i] = r.text(kSetup, Key("TextFeld", i), base.Text[i]);
     for (size_t i = 0; i < o.CommandSwissWPFarbe.size(); ++i)
-        o.CommandSwissWPFarbe[i] = r.number(kSetup, Key("Farbe", i), o.CommandSwissWPFarbe[i]);
-    o.TextZeit[2] = r.text(kSetup, "DigiZeitDiff", "00:00:00");
-    o.NMEASimFaktor = r.text(kSetup, "NMEASimFaktor", "0");
+        o.CommandSwissWPFarbe[i] =
+            r.index(kSetup, Key("Farbe", i), base.CommandSwissWPFarbe[i], kLargestColour + 1);
+    o.TextZeit[2] = r.text(kSetup, "DigiZeitDiff", base.TextZeit[2]);
+    o.NMEASimFaktor = r.number(kSetup, "NMEASimFaktor", base.NMEASimFaktor, SimFactorRange());
     // "ComPort" is not read back: the simulator offers the ports it finds.
     for (size_t i = 0; i < o.OptionNMEA.size(); ++i)
-        o.OptionNMEA[i] = r.check(kSetup, Key("OptionNMEA", i), o.OptionNMEA[i]);
-    for (size_t i = 0; i < o.NMEABox.size(); ++i) o.NMEABox[i] = r.text(kSetup, Key("NMEABox", i), "0");
+        o.OptionNMEA[i] = r.check(kSetup, Key("OptionNMEA", i), base.OptionNMEA[i]);
+    for (size_t i = 0; i < o.NMEABox.size(); ++i)
+        o.NMEABox[i] = r.number(kSetup, Key("NMEABox", i), base.NMEABox[i], NMEABoxRange(i));
     for (size_t i = 0; i < o.NMEASimCheckBox.size(); ++i)
-        o.NMEASimCheckBox[i] = r.check(kSetup, Key("NMEASimCheckBox", i), 0);
+        o.NMEASimCheckBox[i] = r.check(kSetup, Key("NMEASimCheckBox", i), base.NMEASimCheckBox[i]);
     for (size_t i = 0; i < o.NMEASimList.size(); ++i)
-        o.NMEASimList[i] = r.number(kSetup, Key("NMEASimListTopIndex", i), 4);
+        o.NMEASimList[i] = r.index(kSetup, Key("NMEASimListTopIndex", i), base.NMEASimList[i], kNMEASimListEntries);
 
     for (size_t i = 0; i < o.MapExpCheck.size(); ++i)
-        o.MapExpCheck[i] = r.check(kMapExpLoad, Key("CheckBox", i), o.MapExpCheck[i]);
-    for (size_t i = 0; i < o.ZahlInput.size(); ++i) o.ZahlInput[i] = r.text(kMapExpLoad, Key("ZahlEingabe", i), "0");
-    o.PhotoshopExe9 = r.text(kMapExpLoad, "PhotoshopExe9", "C:\\Programme\\Adobe\\Adobe Photoshop CS2\\Photoshop.exe");
-    for (size_t i = 0; i < o.MapExpList.size(); ++i) o.MapExpList[i] = r.number(kMapExpSave, Key("ListTopIndex", i), 0);
+        o.MapExpCheck[i] = r.check(kMapExpLoad, Key("CheckBox", i), base.MapExpCheck[i]);
+    for (size_t i = 0; i < o.ZahlInput.size(); ++i)
+        o.ZahlInput[i] = r.number(kMapExpLoad, Key("ZahlEingabe", i), base.ZahlInput[i], ZahlRange(i));
+    o.PhotoshopExe9 = r.text(kMapExpLoad, "PhotoshopExe9", base.PhotoshopExe9);
+    for (size_t i = 0; i < o.MapExpList.size(); ++i)
+        o.MapExpList[i] = r.index(kMapExpSave, Key("ListTopIndex", i), base.MapExpList[i], kMapExpListEntries);
     // A scale below 0.2 metres per pixel is no usable map.
     if (o.Zahl(0) < 0.2) o.ZahlInput[0] = "3.5";
+    return notices;
 }
 
 void ResetSettings(Options& o, bool mapStitcherFound) {
@@ -170,9 +205,10 @@ void ResetSettings(Options& o, bool mapStitcherFound) {
     o.NMEASimList[0] = 4;
 }
 
-void RestoreSettings(Session& s, bool mapStitcherFound) {
-    if (s.platform.hasSettings()) LoadSettings(s);
-    else ResetSettings(s.options, mapStitcherFound);
+std::vector<std::string> RestoreSettings(Session& s, bool mapStitcherFound) {
+    if (s.platform.hasSettings()) return LoadSettings(s, mapStitcherFound);
+    ResetSettings(s.options, mapStitcherFound);
+    return {};
 }
 
 }  // namespace ortelix

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 
 #include "core/Session.h"
+#include "forms/FixedListTexts.h"
 #include "forms/OptionsFrame.h"
 
 namespace ortelix {
@@ -12,8 +13,7 @@ QWidget* MakeFrameTrackFilter(Session& s, QWidget* parent) {
     f->setObjectName("FrameTrackFilter");
     f->addCheck(11, QString::fromUtf8("nur Koordinaten innerhalb der Karten übernehmen"),
                 QString::fromUtf8("Nur Punkte in Deutschland und Österreich: Länge -10° bis 40°, Breite 15° bis 59°"));
-    f->addList(7, "Koordinatenabstand",
-               {"Optimal", "Alle Punkte", "1 m", "5 m", "10 m", "25 m", "50 m", "100 m", "250 m", "500 m"});
+    f->addList(7, "Koordinatenabstand", FixedListTexts(7));
     f->addCheck(9, "nur innerhalb dieser Zeit");
     f->addTime(0, "von", QString::fromUtf8("Eintrag über NMEA-Simulator (Cut von)"));
     f->addTime(1, "bis", "(Cut bis)");

@@ -1,6 +1,7 @@
 #include "forms/FrameWayPointFilter.h"
 
 #include "core/Session.h"
+#include "forms/FixedListTexts.h"
 #include "forms/OptionsFrame.h"
 
 namespace ortelix {
@@ -8,10 +9,7 @@ namespace ortelix {
 QWidget* MakeFrameWayPointFilter(Session& s, QWidget* parent) {
     auto* f = new OptionsFrame(s, "Waypoint Filter", parent);
     f->setObjectName("FrameWayPointFilter");
-    f->addList(8, "Waypoints",
-               {"Alle eintragen", QString::fromUtf8("Nur im Bereich der bereits eingelesenen Flächen"),
-                "Innerhalb der Koordinaten", "Um einen Punkt", "Innerhalb der Karte ",
-                QString::fromUtf8("Im Flächenqudrat der LOG-Strecke"), "An der Strecke"});
+    f->addList(8, "Waypoints", FixedListTexts(8));
     f->addNumber(20, "Radius (km)");
     // Degrees and decimal minutes, in the order of the fields.
     const char* corners[] = {"Links oben", "Rechts unten", "Mittelpunkt"};

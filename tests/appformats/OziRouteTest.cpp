@@ -157,5 +157,34 @@ TEST_F(OziRoute, SeveralCERoutesGiveNumberedFiles) {
     EXPECT_EQ(lines(read("ce1.rt2"))[3], "W,A,50.000000  ,8.000000  ,0");
 }
 
+// W lines without a position are no route points (not at 0/0); a file of
+// nothing else opens no route. Positions off the earth are counted.
+TEST_F(OziRoute, PointsWithoutAPositionAreSkippedInBothFormats) {
+    std::string rte = "OziExplorer Route File Version 1.0\r\nWGS 84\r\nReserved 1\r\nReserved 2\r\n"
+                      "R,  0,R0              ,,255\r\n"
+                      "W,1,1,1,A,50.1,8.1\r\n";
+    for (int i = 0; i < 20000; ++i) rte += "W\r\n";
+    rte += "W,1,1,2,B,,8.2\r\n"
+           "W,1,1,3,C,50.3,8.3\r\n"
+           "W,1,1,4,D,95,8.4\r\n";
+    OziRouteLesenText(*session, rte, "tour");
+    ASSERT_EQ(store().Routes.size(), 1u);
+    ASSERT_EQ(store().Routes[0].Points.size(), 2u);
+    EXPECT_EQ(store().Routes[0].Points[1].Name, "C");
+    EXPECT_EQ(store().RoutePointsRead, 2);
+    EXPECT_EQ(store().SkippedRoutePoints, 1);
+
+    Session ce(platform);
+    std::string rt2 = "H1,OziExplorer CE Route2 File Version 1.0\r\n";
+    for (int i = 0; i < 20000; ++i) rt2 += "W\r\n";
+    OziCERouteLesenText(ce, rt2, "leer");
+    EXPECT_TRUE(ce.store.Routes.empty());
+    OziCERouteLesenText(ce, rt2 + "W,A,50.1  ,8.1  ,0\r\nW,B,x,8.2,0\r\nW,C,50.3  ,1e400  ,1\r\n", "eine");
+    ASSERT_EQ(ce.store.Routes.size(), 1u);
+    ASSERT_EQ(ce.store.Routes[0].Points.size(), 1u);
+    EXPECT_EQ(ce.store.Routes[0].Points[0].Name, "A");
+    EXPECT_EQ(ce.store.SkippedRoutePoints, 1);
+}
+
 }  // namespace
 }  // namespace ortelix

@@ -195,5 +195,30 @@ TEST_F(OziTrack, AbortStopsTheRead) {
     EXPECT_EQ(store().TrackPointTotal(), 0);
 }
 
+// A line without a position is no point: not one at 0/0 and not one on the
+// equator with its latitude as longitude. A position off the earth is a
+// point that the store refuses and counts.
+TEST_F(OziTrack, LinesWithoutAPositionAreNoPointsAndBadOnesAreCounted) {
+    std::string text = "OziExplorer Track Point File Version 2.1\r\nWGS 84\r\nAltitude is in Feet\r\n"
+                       "Reserved 3\r\n0,2,255,x,0,0,2,8421376\r\n99999\r\n";
+    for (int i = 0; i < 50000; ++i) text += "1\r\n";
+    text += "50.1,abc,0,0\r\n"
+            ",8.1\r\n"
+            "50.2,8.2,0,100\r\n"
+            "1e309,8.3,0,100\r\n"
+            "50.4,-361,0,100\r\n"
+            "50.5,8.5,0,1e300\r\n"
+            "50.6,8.6,0,-777\r\n";
+    session->options.List[7] = 1;
+    OziTrackLesenText(*session, text, "leer");
+    ASSERT_EQ(store().Tracks.size(), 1u);
+    const auto& p = store().Tracks[0].Points;
+    ASSERT_EQ(p.size(), 2u);
+    EXPECT_DOUBLE_EQ(p[0].Lat, 50.2);
+    EXPECT_EQ(p[0].Alt, OptInt(30));
+    EXPECT_DOUBLE_EQ(p[1].Lat, 50.6);
+    EXPECT_EQ(store().SkippedTrackPoints, 3);
+}
+
 }  // namespace
 }  // namespace ortelix

@@ -85,5 +85,49 @@ TEST(CoordCommand, StandardInputAndWrongInput) {
     EXPECT_EQ(Coord("nach-mars 1 2").code, 2);
 }
 
+// Round values are digits, never an exponent; small ones too.
+TEST(CoordCommand, NumbersAreInFixedNotation) {
+    CoordRun r = Coord("wgs84-grid 7.4386331481017764 46.95108256251725 --system 3");
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.out, "600000 200000\n");
+    r = Coord("distance 0 0 0 10");
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.out.find('e'), std::string::npos) << r.out;
+    double d = 0;
+    ASSERT_EQ(std::sscanf(r.out.c_str(), "%lf", &d), 1);
+    EXPECT_NEAR(d, 1105854.8, 15);  // geod -I on WGS 84; Andoyer's series lies 11 m short here
+    r = Coord("gk-wgs84 3500000 0");  // a latitude of a few thousandths
+    EXPECT_EQ(r.out.find('e'), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find(" 0.00"), std::string::npos) << r.out;
+    r = Coord("grid-wgs84 --system 3", "600000 200000\n500000 100000\n");
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.out.find('e'), std::string::npos) << r.out;
+}
+
+// Values off the earth are refused with a German message and a non-zero
+// exit, for every kind of input; no integer of them is ever formed.
+TEST(CoordCommand, ValuesOffTheEarthAreRefused) {
+    for (const char* args : {"wgs84-utm 1e308 1e308", "wgs84-utm 9 90.5", "wgs84-gk 400 5", "wgs84-o2 9 -91",
+                             "wgs84-grid 1e300 0 --system 3", "geoid 9 1e300", "distance 0 0 1e300 0",
+                             "datum-wgs84 -361 0 --datum ETRS89", "gk-wgs84 1e300 5", "grid-wgs84 5 -1e10 --system 1",
+                             "offset 9 50 1e300 5", "offset 9 50 90 1e300", "utm-wgs84 32U 9999999999 99999999999",
+                             "wgs84-gk 9 50 --meridian 1e300"}) {
+        const CoordRun r = Coord(args);
+        EXPECT_EQ(r.code, 2) << args;
+        EXPECT_TRUE(r.out.find("außerhalb des Bereichs") != std::string::npos ||
+                    r.out.find("Kein Meridian") != std::string::npos)
+            << args << ": " << r.out;
+        EXPECT_EQ(r.out.find("2147483"), std::string::npos) << args;
+    }
+    const CoordRun r = Coord("wgs84-utm 1e308 1e308");
+    EXPECT_EQ(r.out, "Koordinate außerhalb des Bereichs: 1e308 1e308\n");
+    // The edges of the range still convert; a line out of range on stdin is
+    // reported, the others are converted.
+    EXPECT_EQ(Coord("wgs84-utm 360 -80").code, 0);
+    const CoordRun lines = Coord("wgs84-utm", "9 0\n9 100\n3 0\n");
+    EXPECT_EQ(lines.code, 1);
+    EXPECT_EQ(lines.out, "32N 0500000 0000000\nKoordinate außerhalb des Bereichs: 9 100\n31N 0500000 0000000\n");
+}
+
 }  // namespace
 }  // namespace ortelix

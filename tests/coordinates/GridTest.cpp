@@ -203,5 +203,22 @@ TEST(GridSystems, SystemOneReadsItsStripOnlyOnTheWayIn) {
     EXPECT_EQ(ost, 0);
 }
 
+// The grid texts hold whole numbers; from a value far off any grid (or NaN)
+// they must be formed without the undefined cast of a double out of range
+// (the test build halts on one).
+TEST(UTM, TextsOfValuesOffTheEarthAreFormedSafely) {
+    std::string zone, text;
+    double ost = 0, nord = 0;
+    GeoNachUTM(1e308, 0, false, zone, ost, nord, text);
+    EXPECT_EQ(zone.substr(0, 7), "1000001");  // the zone number is held, not wrapped
+    GeoNachUTM(std::nan(""), std::nan(""), false, zone, ost, nord, text);
+    EXPECT_EQ(zone, "1Z");
+    EXPECT_EQ(text.substr(0, 3), "1Z ");
+    GeoNachUTM(-1e308, -1e308, false, zone, ost, nord, text);
+    EXPECT_EQ(text.find("2147483"), std::string::npos);
+    EXPECT_EQ(WGS84NachO2(std::nan(""), 50), "00");
+    EXPECT_FALSE(WGS84NachO2(1e308, 1e308).empty());
+}
+
 }  // namespace
 }  // namespace ortelix

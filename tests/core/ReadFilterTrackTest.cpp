@@ -348,5 +348,35 @@ TEST(ReadFilterTrack, StepCourseFromTheAnchorOrElseFromTheLastPoint) {
     EXPECT_EQ(*t.Points[3].StepCourse, 180);
 }
 
+// The forms write whatever is typed into a field: the filters must read any
+// text and any index without overflow (the test build halts on undefined
+// behaviour) and behave as their nearest sensible value.
+TEST(ReadFilterTrack, HostileOptionValuesOverflowNothing) {
+    FilterSession f;
+    Options& o = f.s.options;
+    o.List[7] = 2147483647;  // no such entry: no reduction
+    o.List[8] = -2147483647 - 1;
+    o.List[44] = 2147483647;
+    o.Check[18] = 1;
+    o.KarteKoordInput[0] = "1e300";  // a pause longer than any
+    o.Check[6] = 1;
+    o.KarteKoordInput[1] = "-1e300";  // below 1 counts as 1
+    o.Check[14] = 1;
+    o.KarteKoordInput[2] = "1e309";
+    o.KarteKoordInput[3] = "-1e309";
+    o.KarteKoordInput[20] = "1e300";
+    for (int i = 0; i < 4; ++i) f.add(PointAt(100.0 * i, 0, i * 3600));
+    EXPECT_EQ(PauseLimitSeconds(o), int64_t{60} << 40);
+    EXPECT_EQ(ReductionSetting(o).limitMetres, 0);
+    EXPECT_FALSE(ReductionSetting(o).optimal);
+    // Every point made a track of its own, split by size; none was lost.
+    EXPECT_EQ(f.s.store.TrackPointsRead, 4);
+    EXPECT_EQ(f.s.store.SkippedTrackPoints, 0);
+    // Start and end waypoints of the tracks, no pause waypoint: no pause is that long.
+    ASSERT_FALSE(f.s.store.WayPoints.empty());
+    for (const GeoPoint& w : f.s.store.WayPoints)
+        EXPECT_TRUE(w.Name.rfind("Start ", 0) == 0 || w.Name.rfind("Ende ", 0) == 0) << w.Name;
+}
+
 }  // namespace
 }  // namespace ortelix::test

@@ -88,4 +88,47 @@ TEST(SettingsCli, ShowsResetsStoresAndOverrides) {
     EXPECT_TRUE(HasLine(r.out, "Check12=1"));
 }
 
+// A settings file written by someone else (or left by an abnormal end):
+// values out of range are named on stderr and take their reset values,
+// missing keys are the reset values, and --set refuses what lies out of range.
+TEST(SettingsCli, HostileAndPartialSettingsFiles) {
+    const fs::path config = fs::path(ORTELIX_BUILD_DIR) / "test-settings-cli-hostile";
+    fs::remove_all(config);
+    fs::create_directories(config / "Ortelix");
+    const fs::path ini = config / "Ortelix" / "Ortelix.ini";
+    std::ofstream(ini) << "[Ordner]\nOziExplorer%20Tracks%20ausw%E4hlen=/tmp\n";
+    Result r = RunOrtelix(config, "settings");
+    ASSERT_EQ(r.code, 0) << r.out;
+    EXPECT_TRUE(HasLine(r.out, "List7=1")) << r.out;  // not 0, "Optimal"
+    EXPECT_TRUE(HasLine(r.out, "KarteKoordInput0=15"));
+    EXPECT_TRUE(HasLine(r.out, "Text0=Bitmap"));
+    EXPECT_EQ(r.out.find("Ungültige"), std::string::npos) << r.out;
+
+    std::ofstream(ini) << "[Setup]\nListBoxListIndex44=2147483647\nKoordinatenFeld0=1e300\nListBoxTopIndex7=12\n"
+                          "CheckBox12=1\n";
+    r = RunOrtelix(config, "settings");
+    ASSERT_EQ(r.code, 0) << r.out;
+    EXPECT_TRUE(HasLine(r.out, "Ungültige Einstellung Setup/ListBoxTopIndex7=12: es gilt die Grundeinstellung 1"))
+        << r.out;
+    EXPECT_TRUE(HasLine(r.out, "Ungültige Einstellung Setup/KoordinatenFeld0=1e300: es gilt die Grundeinstellung 15"));
+    EXPECT_TRUE(HasLine(r.out, "Ungültige Einstellung Setup/ListBoxListIndex44=2147483647: es gilt die Grundeinstellung 0"));
+    EXPECT_TRUE(HasLine(r.out, "List7=1"));
+    EXPECT_TRUE(HasLine(r.out, "List44=0"));
+    EXPECT_TRUE(HasLine(r.out, "KarteKoordInput0=15"));
+    EXPECT_TRUE(HasLine(r.out, "Check12=1"));  // the good value beside them is taken
+
+    r = RunOrtelix(config, "settings --set List7=10");
+    EXPECT_EQ(r.code, 2);
+    EXPECT_NE(r.out.find("Wert außerhalb des Bereichs: List7=10"), std::string::npos) << r.out;
+    r = RunOrtelix(config, "settings --set KarteKoordInput0=1e300");
+    EXPECT_EQ(r.code, 2);
+    r = RunOrtelix(config, "settings --set List99=1");
+    EXPECT_EQ(r.code, 2);
+    EXPECT_NE(r.out.find("Unbekannte Einstellung: List99=1"), std::string::npos) << r.out;
+    r = RunOrtelix(config, "settings --set List44=5 --set KarteKoordInput0=2,5");
+    EXPECT_EQ(r.code, 0) << r.out;
+    EXPECT_TRUE(HasLine(r.out, "List44=5"));
+    EXPECT_TRUE(HasLine(r.out, "KarteKoordInput0=2,5"));
+}
+
 }  // namespace

@@ -174,39 +174,117 @@ TEST(Settings, RoundTripKeepsEveryValueButThePort) {
     EXPECT_EQ((p.settings.count({"setup", "ListBoxTopIndex9"})), 0u);
 }
 
-TEST(Settings, LoadDefaultsAndCorrections) {
+TEST(Settings, LoadFallsBackOnTheResetValuesAndCorrects) {
     FakePlatform p;
     p.writeSetting("Setup", "CheckBox3", "1");
-    p.writeSetting("Setup", "CheckBox4", "kaputt");     // unreadable: the control's value stays
-    p.writeSetting("Setup", "ListBoxTopIndex2", "x");    // unreadable: "0"
+    p.writeSetting("Setup", "CheckBox4", "kaputt");     // unreadable: the reset value, with a notice
+    p.writeSetting("Setup", "ListBoxTopIndex2", "x");    // likewise
     p.writeSetting("Setup", "KoordinatenFeld8", "9");    // loses against KartenExport8
     p.writeSetting("Setup", "KartenExport8", "11");
+    p.writeSetting("Setup", "KoordinatenFeld9", "12.5");  // no KartenExport9: this one stays
     p.writeSetting("KARTENEXPORT", "ZahlEingabe0", "0,1");  // below 0.2: corrected
     p.writeSetting("Kartenexport", "ZahlEingabe1", "25");
     p.writeSetting("Kartenexport", "ListTopIndex2", "3");   // saved as "KartenExport": one section
     Session s(p);
     s.options.Check[4] = 1;
     s.options.List[2] = 5;
-    s.options.CommandSwissWPFarbe[0] = 99;  // no key: the control's value stays
-    LoadSettings(s);
+    s.options.List[45] = 6;                 // a list that a reset leaves alone keeps its control's value
+    s.options.CommandSwissWPFarbe[0] = 99;  // no key: the reset value, not the control's
+    const std::vector<std::string> notices = LoadSettings(s);
     const Options& o = s.options;
     EXPECT_EQ(o.Check[3], 1);
-    EXPECT_EQ(o.Check[4], 1);
-    EXPECT_EQ(o.List[2], 0);
+    EXPECT_EQ(o.Check[4], 0);
+    EXPECT_EQ(o.List[2], 2);
+    EXPECT_EQ(o.List[45], 6);
     EXPECT_EQ(o.KarteKoordInput[8], "11");
-    EXPECT_EQ(o.KarteKoordInput[9], "0");
-    EXPECT_EQ(o.KarteKoordInput[0], "0");
-    EXPECT_EQ(o.Text[1], "Beschreibung");
+    EXPECT_EQ(o.KarteKoordInput[9], "12.5");
+    EXPECT_EQ(o.KarteKoordInput[10], "51");  // the filter's design value, not 0
+    EXPECT_EQ(o.KarteKoordInput[0], "15");
+    EXPECT_EQ(o.Text[1], "Kreis");
     EXPECT_EQ(o.TextZeit[2], "00:00:00");
-    EXPECT_EQ(o.CommandSwissWPFarbe[0], 99);
-    EXPECT_EQ(o.NMEASimFaktor, "0");
+    EXPECT_EQ(o.CommandSwissWPFarbe[0], 255);
     EXPECT_EQ(o.NMEASimList[0], 4);
-    EXPECT_EQ(o.NMEABox[4], "0");
+    EXPECT_EQ(o.NMEABox[4], "100");
     EXPECT_EQ(o.ZahlInput[0], "3.5");
     EXPECT_EQ(o.ZahlInput[1], "25");
-    EXPECT_EQ(o.ZahlInput[2], "0");
+    EXPECT_EQ(o.ZahlInput[2], "2");
     EXPECT_EQ(o.MapExpList[2], 3);
     EXPECT_EQ(o.PhotoshopExe9, "C:\\Programme\\Adobe\\Adobe Photoshop CS2\\Photoshop.exe");
+    ASSERT_EQ(notices.size(), 2u);
+    EXPECT_EQ(notices[0], "Ungültige Einstellung Setup/ListBoxTopIndex2=x: es gilt die Grundeinstellung 2");
+    EXPECT_EQ(notices[1], "Ungültige Einstellung Setup/CheckBox4=kaputt: es gilt die Grundeinstellung 0");
+}
+
+// A start after an abnormal end: the store holds only the folders of the file
+// dialogs. Every option must then be what a reset gives, above all the
+// reduction: at 0 ("Optimal") it would thin every track without a word.
+TEST(Settings, AStoreWithOnlyTheFoldersLoadsTheResetValues) {
+    FakePlatform p;
+    p.writeSetting("Ordner", "OziExplorer Tracks auswählen", "/home/u/touren");
+    p.writeSetting("Ordner", "OziExplorer Tracks auswählenFilter", "1");
+    ASSERT_TRUE(p.hasSettings());
+    for (bool stitcher : {false, true}) {
+        Session loaded(p);
+        const std::vector<std::string> notices = RestoreSettings(loaded, stitcher);
+        EXPECT_TRUE(notices.empty());
+        Session reset(p);
+        ResetSettings(reset.options, stitcher);
+        EXPECT_EQ(loaded.options.List[7], 1);  // "Alle Punkte"
+        const auto a = ListOptions(loaded.options), b = ListOptions(reset.options);
+        ASSERT_EQ(a.size(), b.size());
+        for (size_t i = 0; i < a.size(); ++i) EXPECT_EQ(a[i].value, b[i].value) << a[i].name;
+    }
+}
+
+// Hostile values in the settings file: each out-of-range value takes its
+// reset value with a notice, and nothing that reads the options afterwards
+// overflows (the test build halts on any undefined behaviour).
+TEST(Settings, ValuesOutOfRangeTakeTheResetValueWithANotice) {
+    FakePlatform p;
+    const std::pair<const char*, const char*> hostile[] = {
+        {"ListBoxListIndex44", "2147483647"}, {"KoordinatenFeld0", "1e300"}, {"ListBoxTopIndex7", "10"},
+        {"ListBoxTopIndex8", "-1"},           {"CheckBox18", "2"},           {"Farbe1", "16777216"},
+        {"KoordinatenFeld1", "-5"},           {"KoordinatenFeld25", "1e309"}, {"KartenExport10", "91"},
+        {"ListFeldTopIndex0", "31"},          {"NMEABox2", "-90.5"},         {"NMEASimFaktor", "1e7"},
+        {"ListBoxTopIndex0", "99999999999"},  {"KoordinatenFeld20", "nan"},   {"ListBoxListIndex9", "100"}};
+    for (const auto& [key, value] : hostile) p.writeSetting("Setup", key, value);
+    p.writeSetting("Kartenexport", "ZahlEingabe4", "1e400");
+    p.writeSetting("Setup", "CheckBox14", "1");   // in range: taken
+    p.writeSetting("Setup", "ListBoxTopIndex8", "-1");
+    Session s(p);
+    const std::vector<std::string> notices = LoadSettings(s);
+    const Options& o = s.options;
+    EXPECT_EQ(o.List[44], 0);   // no datum table loaded: the list keeps its entry
+    EXPECT_EQ(o.KarteKoordInput[0], "15");
+    EXPECT_EQ(o.List[7], 1);
+    EXPECT_EQ(o.List[8], 0);
+    EXPECT_EQ(o.Check[18], 0);
+    EXPECT_EQ(o.Check[14], 1);
+    EXPECT_EQ(o.CommandSwissWPFarbe[1], 16711680);
+    EXPECT_EQ(o.KarteKoordInput[1], "15000");
+    EXPECT_EQ(o.KarteKoordInput[25], "0");
+    EXPECT_EQ(o.KarteKoordInput[10], "51");
+    EXPECT_EQ(o.KarteKoordInput[20], "nan");  // reads as no number, so as 0, which is in range
+    EXPECT_EQ(o.ListFeld[0], 1);
+    EXPECT_EQ(o.NMEABox[2], "0");
+    EXPECT_EQ(o.NMEASimFaktor, "1");
+    EXPECT_EQ(o.List[0], 2);
+    EXPECT_EQ(o.List[9], 0);
+    EXPECT_EQ(o.ZahlInput[4], "1");
+    EXPECT_EQ(notices.size(), 15u);
+    for (const std::string& n : notices) EXPECT_EQ(n.rfind("Ungültige Einstellung ", 0), 0u) << n;
+
+    // With the datum table known, its length bounds List(44).
+    Session withDatums(p);
+    withDatums.coords.DatumListe.resize(3);
+    p.writeSetting("Setup", "ListBoxListIndex44", "2");
+    EXPECT_EQ(LoadSettings(withDatums).size(), 14u);
+    EXPECT_EQ(withDatums.options.List[44], 2);
+    p.writeSetting("Setup", "ListBoxListIndex44", "3");
+    Session pastTheTable(p);
+    pastTheTable.coords.DatumListe.resize(3);
+    LoadSettings(pastTheTable);
+    EXPECT_EQ(pastTheTable.options.List[44], 0);
 }
 
 TEST(Settings, FirstStartResetsAndAResetWithoutSavingIsForgotten) {
@@ -250,6 +328,28 @@ TEST(Settings, SetOptionReachesEveryArray) {
     EXPECT_FALSE(SetOption(o, "KarteKoordInput21", "1"));
     EXPECT_FALSE(SetOption(o, "List3", "x"));
     EXPECT_FALSE(SetOption(o, "Unbekannt3", "1"));
+    // Values out of range are refused and leave the option as it was.
+    EXPECT_FALSE(SetOption(o, "List7", "10"));
+    EXPECT_FALSE(SetOption(o, "List7", "-1"));
+    EXPECT_TRUE(SetOption(o, "List7", "9"));
+    EXPECT_FALSE(SetOption(o, "List44", "2147483647"));
+    EXPECT_FALSE(SetOption(o, "List8", "7"));
+    EXPECT_FALSE(SetOption(o, "ListFeld3", "31"));
+    EXPECT_TRUE(SetOption(o, "ListFeld3", "30"));
+    EXPECT_FALSE(SetOption(o, "KarteKoordInput0", "1e300"));
+    EXPECT_FALSE(SetOption(o, "KarteKoordInput1", "-1"));
+    EXPECT_FALSE(SetOption(o, "KarteKoordInput10", "90,5"));  // a decimal comma counts
+    EXPECT_TRUE(SetOption(o, "KarteKoordInput10", "89,5"));
+    EXPECT_FALSE(SetOption(o, "ZahlInput4", "1e400"));
+    EXPECT_FALSE(SetOption(o, "NMEABox0", "-361"));
+    EXPECT_FALSE(SetOption(o, "NMEASimFaktor", "-1"));
+    EXPECT_FALSE(SetOption(o, "CommandSwissWPFarbe0", "16777216"));
+    EXPECT_TRUE(SetOption(o, "CommandSwissWPFarbe0", "16777215"));
+    EXPECT_FALSE(SetOption(o, "MapExpKoordInput0", "1e9"));
+    EXPECT_EQ(o.List[7], 9);
+    EXPECT_EQ(o.KarteKoordInput[10], "89,5");
+    EXPECT_DOUBLE_EQ(o.Zahl(4), 0.5);
+    EXPECT_EQ(o.NMEASimFaktor, "4");
 
     // The listing names every option once, and each name sets its own value.
     const auto all = ListOptions(o);
