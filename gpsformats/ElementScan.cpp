@@ -21,6 +21,22 @@ inline bool SpellsAt(std::string_view text, size_t at, std::string_view word) {
     return true;
 }
 
+// The same for a name of at most eight bytes, eight bytes at a time where
+// the text has them. Equal to SpellsAt: a folded letter of the text is the
+// name's letter exactly when it was that letter in either case.
+inline bool SpellsAt(std::string_view text, size_t at, std::string_view word, const Spelling& s) {
+    if (word.size() > 8 || at + 8 > text.size()) return SpellsAt(text, at, word);
+    uint64_t x;
+    std::memcpy(&x, text.data() + at, 8);
+    return ((x | s.fold) & s.used) == s.bytes;
+}
+
+// "</tag>" at `at`, ending before `to`, for a prepared name.
+inline bool ClosesAt(std::string_view text, size_t at, std::string_view tag, const Spelling& s, size_t to) {
+    return at + tag.size() + 3 <= to && text[at + 1] == '/' && SpellsAt(text, at + 2, tag, s) &&
+           text[at + 2 + tag.size()] == '>';
+}
+
 // The next "<" in [from, to); npos when none.
 inline size_t NextOpen(std::string_view text, size_t from, size_t to) {
     if (from >= to) return std::string_view::npos;
@@ -117,16 +133,19 @@ Element GetElementIndexed(std::string_view text, std::string_view tag, size_t st
 }
 
 Element GetElementWithChildren(std::string_view text, std::string_view tag, size_t start, size_t scopeEnd,
-                               const std::string_view* names, std::string_view* values, size_t count) {
+                               const ChildNames& names, std::string_view* values, uint32_t& withMarkup) {
+    const size_t count = names.size();
     for (size_t i = 0; i < count; ++i) values[i] = {};
+    withMarkup = 0;
     scopeEnd = std::min(scopeEnd, text.size());
     Element e;
     e.next = text.size();
+    const Spelling tagSpelling(tag);
     size_t at = NextOpen(text, start, scopeEnd);
     for (; at != std::string_view::npos; at = NextOpen(text, at + 1, scopeEnd)) {
         const size_t behind = at + 1 + tag.size();
         if (behind >= scopeEnd) return e;
-        if (SpellsAt(text, at + 1, tag) && Delimiter(text[behind])) break;
+        if (SpellsAt(text, at + 1, tag, tagSpelling) && Delimiter(text[behind])) break;
     }
     if (at == std::string_view::npos) return e;
     const size_t behind = at + 1 + tag.size();
@@ -142,13 +161,15 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
     // One walk to the closing tag, noting the first complete child of each
     // name. A child whose closing tag is not in the point is not looked for
     // again: a later one of the same name could only find less.
-    constexpr size_t kMaxChildren = 16;
-    count = std::min(count, kMaxChildren);
-    size_t childEnd[kMaxChildren];
-    bool givenUp[kMaxChildren] = {};
-    for (size_t p = NextOpen(text, gt, scopeEnd); p != std::string_view::npos; p = NextOpen(text, p + 1, scopeEnd)) {
-        if (p + 1 < scopeEnd && text[p + 1] == '/') {
-            if (ClosesAt(text, p, tag, scopeEnd)) {
+    const char* const t = text.data();
+    size_t childEnd[ChildNames::kMax];
+    uint32_t settled = 0;  // names found or given up
+    // The walk starts behind the name, as the definition's searches do: a tag
+    // inside an attribute value counts there too.
+    for (size_t p = NextOpen(text, behind, scopeEnd); p != std::string_view::npos; p = NextOpen(text, p + 1, scopeEnd)) {
+        if (p + 1 >= scopeEnd) break;
+        if (t[p + 1] == '/') {
+            if (ClosesAt(text, p, tag, tagSpelling, scopeEnd)) {
                 e.begin = behind;
                 e.end = p;
                 e.next = p + tag.size() + 3;
@@ -160,40 +181,50 @@ Element GetElementWithChildren(std::string_view text, std::string_view tag, size
             }
             continue;
         }
-        size_t nameEnd = p + 1;
-        while (nameEnd < scopeEnd && !Delimiter(text[nameEnd]) && text[nameEnd] != '<') ++nameEnd;
-        if (nameEnd >= scopeEnd) break;
-        if (text[nameEnd] == '<') continue;  // "<ele<" opens no element
-        const size_t len = nameEnd - p - 1;
-        for (size_t i = 0; i < count; ++i) {
-            if (values[i].data() || givenUp[i] || names[i].size() != len || !SpellsAt(text, p + 1, names[i])) continue;
-            // The usual child: plain text straight up to its own closing tag.
-            const char* gt = FindByte(text.data() + nameEnd, text.data() + scopeEnd, '>');
-            if (gt && gt[-1] != '/') {
-                const size_t from = static_cast<size_t>(gt - text.data()) + 1;
-                const char* lt = FindByte(text.data() + from, text.data() + scopeEnd, '<');
-                const size_t close = lt ? static_cast<size_t>(lt - text.data()) : scopeEnd;
-                if (lt && ClosesAt(text, close, names[i], scopeEnd)) {
-                    values[i] = text.substr(from, close - from);
-                    childEnd[i] = close;
-                    p = close + len + 2;  // the walk goes on behind the closing tag
-                    break;
-                }
+        // Which wanted name is this tag? A name counts only with a delimiter
+        // behind it ("<ele<" and "<elevation" are not "ele").
+        size_t i = 0, len = 0;
+        for (uint32_t maybe = names.startingWith(t[p + 1]) & ~settled; maybe != 0; maybe &= maybe - 1) {
+            const size_t k = static_cast<size_t>(__builtin_ctz(maybe));
+            const size_t n = names[k].size();
+            if (p + 1 + n < scopeEnd && SpellsAt(text, p + 1, names[k], names.spelling(k)) && Delimiter(t[p + 1 + n])) {
+                i = k;
+                len = n;
+                break;
             }
-            const Element c = Complete(text, names[i], nameEnd, scopeEnd, tag);
-            if (c.found) {
-                const std::string_view inner = InnerText(text, c);
-                values[i] = inner.data() ? inner : text.substr(c.end, 0);
-                childEnd[i] = c.end;
-                // A child with plain text holds no tag: walk on behind it.
-                if (inner.data() && FindByte(inner.data(), inner.data() + inner.size(), '<') == nullptr) p = c.next - 1;
-            } else {
-                givenUp[i] = true;
+        }
+        if (len == 0) continue;
+        const size_t nameEnd = p + 1 + len;
+        settled |= 1u << i;
+        // The usual child: plain text straight up to its own closing tag. The
+        // walk may then jump behind it, as long as no "<" stands in its start
+        // tag either (a tag there is still a tag to the definition).
+        const char* gtc = t[nameEnd] == '>' ? t + nameEnd : FindByte(t + nameEnd, t + scopeEnd, '>');
+        const bool plainStart = gtc && (gtc == t + nameEnd || !FindByte(t + nameEnd, gtc, '<'));
+        if (plainStart && gtc[-1] != '/') {
+            const size_t from = static_cast<size_t>(gtc - t) + 1;
+            const char* lt = FindByte(t + from, t + scopeEnd, '<');
+            if (lt && ClosesAt(text, static_cast<size_t>(lt - t), names[i], names.spelling(i), scopeEnd)) {
+                const size_t close = static_cast<size_t>(lt - t);
+                values[i] = text.substr(from, close - from);
+                childEnd[i] = close;
+                p = close + len + 2;  // the walk goes on behind the closing tag
+                continue;
             }
-            break;
+        }
+        const Element c = Complete(text, names[i], nameEnd, scopeEnd, tag);
+        if (!c.found) continue;  // given up
+        const std::string_view inner = InnerText(text, c);
+        values[i] = inner.data() ? inner : text.substr(c.end, 0);
+        childEnd[i] = c.end;
+        if (inner.data() && FindByte(inner.data(), inner.data() + inner.size(), '<') != nullptr) {
+            withMarkup |= 1u << i;
+        } else if (inner.data() && plainStart) {
+            p = c.next - 1;  // a child that holds no tag: walk on behind it
         }
     }
     for (size_t i = 0; i < count; ++i) values[i] = {};
+    withMarkup = 0;
     return e;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -22,7 +23,18 @@ namespace {
 // an outer element's end costs no walk over all of its points.
 struct Closings {
     std::vector<size_t> trk, trkseg, track, rte, route;
+    // The trkpt start tags before each trkseg closing (since the one before):
+    // what the track of that segment may reserve at once.
+    std::vector<size_t> trksegPoints;
 };
+
+// Trim of the text routines, inline for the values of every point.
+inline std::string_view TrimValue(std::string_view t) {
+    auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+    while (!t.empty() && blank(t.front())) t.remove_prefix(1);
+    while (!t.empty() && blank(t.back())) t.remove_suffix(1);
+    return t;
+}
 
 bool AllAscii(std::string_view t) {
     unsigned char any = 0;
@@ -38,11 +50,13 @@ struct Doc {
     Element outer(std::string_view tag, const std::vector<size_t>& at, size_t from, size_t to) const {
         return GetElementIndexed(text, tag, from, to, at);
     }
+    // The next point element and its children's values, trimmed and freed of CDATA.
     template <size_t N>
-    Element point(std::string_view tag, size_t from, size_t to, const std::string_view (&names)[N],
+    Element point(std::string_view tag, size_t from, size_t to, const ChildNames& names,
                   std::string_view (&values)[N]) const {
-        const Element e = GetElementWithChildren(text, tag, from, to, names, values, N);
-        for (auto& v : values) v = Trim(StripCdata(v));
+        uint32_t withMarkup = 0;
+        const Element e = GetElementWithChildren(text, tag, from, to, names, values, withMarkup);
+        for (size_t i = 0; i < N; ++i) values[i] = TrimValue((withMarkup >> i & 1) ? StripCdata(values[i]) : values[i]);
         return e;
     }
 
@@ -94,6 +108,11 @@ bool BeginsWithWord(std::string_view text, std::string_view word) {
 // vocabulary). "nan" and "inf" stay what they say instead of reading as 0, so
 // that the store refuses the point rather than placing it on the equator.
 double CoordinateValue(std::string_view text, bool decimalComma) {
+    if (!decimalComma) {  // the usual case: a number, with nothing else to look at
+        size_t consumed = 0;
+        const double v = LeadingNumber(text, &consumed);
+        if (consumed > 0) return v;
+    }
     if (BeginsWithWord(text, "nan")) return std::numeric_limits<double>::quiet_NaN();
     if (BeginsWithWord(text, "inf")) {
         const double inf = std::numeric_limits<double>::infinity();
@@ -136,6 +155,38 @@ DateAndTime GpxTime(std::string_view text) {
     return m;
 }
 
+// The date of the last full time text, for the runs of one day that logs are
+// made of.
+struct LastDay {
+    char text[10] = {};
+    Date date;
+    bool known = false;
+};
+
+// "YYYY-MM-DDThh:mm:ss", the form of nearly every GPX time, digits where digits belong.
+bool FullTimeForm(std::string_view t) {
+    if (t.size() < 19 || t[4] != '-' || t[7] != '-' || (t[10] | 0x20) != 't' || t[13] != ':' || t[16] != ':') return false;
+    for (size_t i : {0, 1, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18})
+        if (t[i] < '0' || t[i] > '9') return false;
+    return true;
+}
+
+// GpxTime, with the date of the full form taken from the last point when the
+// day is the same: the same answers, one date parse per day.
+DateAndTime GpxTime(std::string_view text, LastDay& last) {
+    if (!FullTimeForm(text)) return GpxTime(text);
+    if (!last.known || std::memcmp(last.text, text.data(), 10) != 0) {
+        std::memcpy(last.text, text.data(), 10);
+        last.date = ParseDate(text.substr(0, 10));
+        last.known = true;
+    }
+    if (last.date.empty()) return {};  // a date that cannot be read takes its time with it
+    auto two = [&](size_t i) { return (text[i] - '0') * 10 + (text[i + 1] - '0'); };
+    const int h = two(11), mi = two(14), sec = two(17);
+    if (h > 23 || mi > 59 || sec > 59) return {last.date, Time()};
+    return {last.date, h * 3600 + mi * 60 + sec};
+}
+
 // The XML declaration's encoding, if the file has one.
 Charset DeclaredCharset(std::string_view bytes) {
     const std::string_view head = bytes.substr(0, std::min<size_t>(bytes.size(), 200));
@@ -151,41 +202,59 @@ Charset DeclaredCharset(std::string_view bytes) {
 struct Present {
     bool trk = false, track = false, rte = false, route = false, wpt = false, wp = false;
 };
-// Does the tag name in t[from, to) equal `word` (lower case), without regard to case?
-bool NameIs(std::string_view t, size_t from, size_t to, std::string_view word) {
-    if (to - from != word.size()) return false;
-    for (size_t i = 0; i < word.size(); ++i) {
-        char c = t[from + i];
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-        if (c != word[i]) return false;
+// A tag name that the survey looks for, ready for an eight-byte comparison.
+struct SurveyName {
+    std::string_view name;
+    Spelling spelling;
+    constexpr explicit SurveyName(std::string_view n) : name(n), spelling(n) {}
+};
+
+// Is the tag name at t[from] `n`, followed by a blank, ">" or "/"? Without regard to case.
+inline bool NameAt(std::string_view t, size_t from, const SurveyName& n) {
+    const size_t end = from + n.name.size();
+    if (end >= t.size()) return false;
+    const char c = t[end];
+    if (c != ' ' && c != '>' && c != '/' && c != '\t' && c != '\r' && c != '\n') return false;
+    if (from + 8 <= t.size()) {
+        uint64_t x;
+        std::memcpy(&x, t.data() + from, 8);
+        return ((x | n.spelling.fold) & n.spelling.used) == n.spelling.bytes;
     }
+    for (size_t i = 0; i < n.name.size(); ++i)
+        if ((t[from + i] >= 'A' && t[from + i] <= 'Z' ? t[from + i] + 32 : t[from + i]) != n.name[i]) return false;
     return true;
 }
 
+constexpr SurveyName kTrkpt{"trkpt"}, kTrkseg{"trkseg"}, kTrk{"trk"}, kTrack{"track"}, kTrp{"trp"}, kRte{"rte"},
+    kRoute{"route"}, kWpt{"wpt"}, kWp{"wp"}, kTime{"time"}, kDate{"date"};
+
 // The text of a child element whose start-tag name ends at `nameEnd`, when
-// plain text follows its ">" up to the matching closing tag.
-std::string_view PlainChild(std::string_view t, size_t nameEnd, std::string_view name) {
-    const char* gt = FindByte(t.data() + nameEnd, t.data() + t.size(), '>');
-    if (!gt || gt[-1] == '/') return {};
-    const size_t from = static_cast<size_t>(gt - t.data()) + 1;
-    const char* lt = FindByte(t.data() + from, t.data() + t.size(), '<');
+// plain text follows its start tag (itself free of "<") up to the matching
+// closing tag.
+std::string_view PlainChild(std::string_view t, size_t nameEnd, const SurveyName& name) {
+    const char* const base = t.data();
+    const char* gt = base[nameEnd] == '>' ? base + nameEnd : FindByte(base + nameEnd, base + t.size(), '>');
+    if (!gt || gt[-1] == '/' || FindByte(base + nameEnd, gt, '<')) return {};
+    const size_t from = static_cast<size_t>(gt - base) + 1;
+    const char* lt = FindByte(base + from, base + t.size(), '<');
     if (!lt) return {};
-    const size_t to = static_cast<size_t>(lt - t.data());
-    if (to + name.size() + 3 > t.size() || t[to + 1] != '/' || !NameIs(t, to + 2, to + 2 + name.size(), name) ||
-        t[to + 2 + name.size()] != '>')
+    const size_t to = static_cast<size_t>(lt - base);
+    if (to + 2 >= t.size() || t[to + 1] != '/' || !NameAt(t, to + 2, name) || t[to + 2 + name.name.size()] != '>')
         return {};
     return t.substr(from, to - from);
 }
 
 // The first time (of a trkpt) or date (of a trp) of the point whose start
 // tag opens at `open`, as the reading pass will find it.
-std::string_view FirstChildText(std::string_view t, size_t open, std::string_view point, std::string_view name,
+std::string_view FirstChildText(std::string_view t, size_t open, const SurveyName& point, const SurveyName& name,
                                 size_t nameEnd) {
-    if (const std::string_view plain = PlainChild(t, nameEnd, name); plain.data()) return Trim(StripCdata(plain));
+    if (const std::string_view plain = PlainChild(t, nameEnd, name); plain.data()) return TrimValue(plain);
     // Not the plain form (CDATA, markup inside, never closed): the full scan.
+    const std::string_view names[1] = {name.name};
     std::string_view value;
-    GetElementWithChildren(t, point, open, t.size(), &name, &value, 1);
-    return Trim(StripCdata(value));
+    uint32_t withMarkup = 0;
+    GetElementWithChildren(t, point.name, open, t.size(), ChildNames(names), &value, withMarkup);
+    return TrimValue(StripCdata(value));
 }
 
 // One walk over the tags of interest: which outer elements exist, where they
@@ -195,7 +264,7 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
     static constexpr char kFirstLetters[4] = {'t', 'r', 'w', 'd'};  // of every name looked for
     Present p;
     bool inTrkpt = false, inTrp = false;
-    size_t pointOpen = 0;
+    size_t pointOpen = 0, pointsSinceSegment = 0;
     std::string_view lastDay;
     const std::string_view t = d.text;
     const char* const begin = t.data();
@@ -203,54 +272,52 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
     for (const char* at = FindTagStart(begin, stop, kFirstLetters); at; at = FindTagStart(at + 1, stop, kFirstLetters)) {
         const size_t open = static_cast<size_t>(at - begin);
         d.passed(open);
-        const bool closing = t[open + 1] == '/';
-        const size_t from = closing ? open + 2 : open + 1;
-        size_t end = from;
-        while (end < t.size() && end - from < 7 && t[end] != ' ' && t[end] != '>' && t[end] != '/' && t[end] != '\t' &&
-               t[end] != '\r' && t[end] != '\n')
-            ++end;
-        const size_t len = end - from;
-        if (len < 2 || len > 6) continue;
-        if (closing) {
-            if (end >= t.size() || t[end] != '>') continue;
-            if (NameIs(t, from, end, "trkpt")) {  // the common case first
-                inTrkpt = false;
-                continue;
+        if (t[open + 1] == '/') {
+            const size_t from = open + 2;
+            auto closes = [&](const SurveyName& n) { return NameAt(t, from, n) && t[from + n.name.size()] == '>'; };
+            if (closes(kTrkpt)) inTrkpt = false;  // the common case first
+            else if (closes(kTrp)) inTrp = false;
+            else if (closes(kTrkseg)) {
+                c.trkseg.push_back(open);
+                c.trksegPoints.push_back(pointsSinceSegment);
+                pointsSinceSegment = 0;
             }
-            if (NameIs(t, from, end, "trp")) inTrp = false;
-            else if (NameIs(t, from, end, "trkseg")) c.trkseg.push_back(open);
-            else if (NameIs(t, from, end, "trk")) c.trk.push_back(open);
-            else if (NameIs(t, from, end, "track")) c.track.push_back(open);
-            else if (NameIs(t, from, end, "rte")) c.rte.push_back(open);
-            else if (NameIs(t, from, end, "route")) c.route.push_back(open);
-        } else if (len == 4 && dates && (inTrkpt || inTrp)) {
-            const std::string_view name = inTrkpt ? "time" : "date";
-            if (NameIs(t, from, end, name)) {
-                const std::string_view when = FirstChildText(t, pointOpen, inTrkpt ? "trkpt" : "trp", name, end);
+            else if (closes(kTrk)) c.trk.push_back(open);
+            else if (closes(kTrack)) c.track.push_back(open);
+            else if (closes(kRte)) c.rte.push_back(open);
+            else if (closes(kRoute)) c.route.push_back(open);
+            continue;
+        }
+        const size_t from = open + 1;
+        if (dates && (inTrkpt || inTrp)) {
+            const SurveyName& name = inTrkpt ? kTime : kDate;
+            if (NameAt(t, from, name)) {
+                const size_t nameEnd = from + name.name.size();
+                const std::string_view when =
+                    FirstChildText(t, pointOpen, inTrkpt ? kTrkpt : kTrp, name, nameEnd);
                 // Points come in runs of one day: a text seen just before is noted already.
                 if (when.empty() || when.substr(0, 10) != lastDay) {
                     lastDay = when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
                     NoteDate(*dates, ParseDate(when));
                 }
                 inTrkpt = inTrp = false;  // the first one counts
+                continue;
             }
-        } else if (len == 5 && NameIs(t, from, end, "trkpt")) {
-            const char* gt = FindByte(t.data() + end, t.data() + t.size(), '>');
+        }
+        if (NameAt(t, from, kTrkpt)) {
+            ++pointsSinceSegment;
+            const char* gt = FindByte(at + 6, stop, '>');
             inTrkpt = gt && gt[-1] != '/';
             pointOpen = open;
-        } else if (len == 3) {
-            if (NameIs(t, from, end, "trp")) {
-                inTrp = true;
-                pointOpen = open;
-            } else if (NameIs(t, from, end, "trk")) p.trk = true;
-            else if (NameIs(t, from, end, "rte")) p.rte = true;
-            else if (NameIs(t, from, end, "wpt")) p.wpt = true;
-        } else if (len == 5) {
-            if (NameIs(t, from, end, "track")) p.track = true;
-            else if (NameIs(t, from, end, "route")) p.route = true;
-        } else if (len == 2 && NameIs(t, from, end, "wp")) {
-            p.wp = true;
-        }
+        } else if (NameAt(t, from, kTrp)) {
+            inTrp = true;
+            pointOpen = open;
+        } else if (NameAt(t, from, kTrk)) p.trk = true;
+        else if (NameAt(t, from, kRte)) p.rte = true;
+        else if (NameAt(t, from, kWpt)) p.wpt = true;
+        else if (NameAt(t, from, kTrack)) p.track = true;
+        else if (NameAt(t, from, kRoute)) p.route = true;
+        else if (NameAt(t, from, kWp)) p.wp = true;
     }
     return p;
 }
@@ -261,7 +328,24 @@ OptDouble SpeedFromMetresPerSecond(std::string_view text) {
     return *ms * 3600.0 / 1000.0;
 }
 
+// Room for the points of a segment at once, instead of growing step by step
+// (each step a copy, and fresh pages): the survey counted them. A point that
+// can be kept takes at least 24 bytes ("<trkpt lat="1" lon="1"/>"), so a
+// count of empty tags reserves no more than the segment's size allows; and
+// segments appended to one track grow it by half at least, as pushing would.
+void ReserveForSegment(Track& track, const Closings& c, const Element& seg) {
+    constexpr size_t kSmallestPoint = 24;
+    const auto at = std::lower_bound(c.trkseg.begin(), c.trkseg.end(), seg.end);
+    if (at == c.trkseg.end() || *at != seg.end) return;
+    const size_t counted = c.trksegPoints[static_cast<size_t>(at - c.trkseg.begin())];
+    const size_t points = std::min(counted, (seg.end - seg.begin) / kSmallestPoint);
+    std::vector<TrackPoint>& v = track.Points;
+    const size_t need = v.size() + points;
+    if (need > v.capacity()) v.reserve(std::max(need, v.capacity() + v.capacity() / 2));
+}
+
 constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time", "sat", "fix"};
+constexpr ChildNames kTrkptChildrenNames{kTrkptChildren};
 
 void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
     const std::string name = d.childText(trk, "name");
@@ -272,11 +356,13 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
         segPos = seg.next;
         if (InnerText(d.text, seg).empty()) continue;
         if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
+        ReserveForSegment(s.store.Tracks.back(), d.closings, seg);
         size_t ptPos = seg.begin;
         std::string fix;
+        LastDay day;
         while (!s.UserAbort) {
             std::string_view c[6];
-            const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildren, c);
+            const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildrenNames, c);
             if (!pt.found) break;
             ptPos = pt.next;
             s.progress();
@@ -286,7 +372,7 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
             p.alt = ParseAltitude(c[0]);
             p.speed = SpeedFromMetresPerSecond(c[1]);
             p.course = ParseCourse(c[2]);
-            const DateAndTime when = GpxTime(c[3]);
+            const DateAndTime when = GpxTime(c[3], day);
             p.date = when.date;
             p.time = when.time;
             p.sat = c[4];
@@ -297,6 +383,7 @@ void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
 }
 
 constexpr std::string_view kTrpChildren[] = {"lon", "lat", "speed", "alt", "course", "sat", "fix", "date", "time"};
+constexpr ChildNames kTrpChildrenNames{kTrpChildren};
 
 void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
     if ((s.store.Tracks.empty() || s.options.Check[12] == 0)) NewTrack(s.store, d.childText(trk, "name"));
@@ -304,7 +391,7 @@ void ReadShortTrackElement(Session& s, const Doc& d, const Element& trk) {
     std::string fix;
     while (!s.UserAbort) {
         std::string_view c[9];
-        const Element pt = d.point("trp", ptPos, trk.end, kTrpChildren, c);
+        const Element pt = d.point("trp", ptPos, trk.end, kTrpChildrenNames, c);
         if (!pt.found) break;
         ptPos = pt.next;
         s.progress();
@@ -356,6 +443,7 @@ bool ShortGeoPoint(const Doc& d, const std::string_view (&c)[8], GeoPointIn& g) 
 template <size_t N, typename OnOuter, typename OnPoint>
 void Walk(Session& s, const Doc& d, std::string_view outer, const std::vector<size_t>& closings,
           std::string_view point, const std::string_view (&names)[N], OnOuter onOuter, OnPoint onPoint) {
+    const ChildNames childNames(names);
     size_t pos = 0;
     while (!s.UserAbort) {
         const Element o = d.outer(outer, closings, pos, d.text.size());
@@ -365,7 +453,7 @@ void Walk(Session& s, const Doc& d, std::string_view outer, const std::vector<si
         size_t ptPos = o.begin;
         while (!s.UserAbort) {
             std::string_view c[N];
-            const Element pt = d.point(point, ptPos, o.end, names, c);
+            const Element pt = d.point(point, ptPos, o.end, childNames, c);
             if (!pt.found) break;
             ptPos = pt.next;
             s.progress();
@@ -395,10 +483,11 @@ void ReadShortRoutes(Session& s, const Doc& d) {
 
 template <size_t N>
 void ReadPoints(Session& s, const Doc& d, std::string_view tag, const std::string_view (&names)[N]) {
+    const ChildNames childNames(names);
     size_t pos = 0;
     while (!s.UserAbort) {
         std::string_view c[N];
-        const Element pt = d.point(tag, pos, d.text.size(), names, c);
+        const Element pt = d.point(tag, pos, d.text.size(), childNames, c);
         if (!pt.found) break;
         pos = pt.next;
         s.progress();

@@ -102,16 +102,55 @@ char* Put(char* p, std::string_view text) {
     return p + text.size();
 }
 
-char* PutInt(char* p, long long v) { return std::to_chars(p, p + 24, v).ptr; }
-
 char* PutTwo(char* p, int v) {
     p[0] = static_cast<char>('0' + v / 10 % 10);
     p[1] = static_cast<char>('0' + v % 10);
     return p + 2;
 }
 
+// Whole numbers; those of up to four digits (heights, courses, satellites)
+// without a library call.
+char* PutInt(char* p, long long v) {
+    if (v < 0 || v >= 10000) return std::to_chars(p, p + 24, v).ptr;
+    const int n = static_cast<int>(v);
+    if (n < 10) {
+        *p = static_cast<char>('0' + n);
+        return p + 1;
+    }
+    if (n < 100) return PutTwo(p, n);
+    if (n < 1000) {
+        *p = static_cast<char>('0' + n / 100);
+        return PutTwo(p + 1, n % 100);
+    }
+    return PutTwo(PutTwo(p, n / 100), n % 100);
+}
+
+// The date text of a run of points, formed once per day.
+struct DayText {
+    int32_t serial = -1;
+    bool known = false;
+    char text[24];
+    size_t size = 0;
+    std::string_view of(int32_t day) {
+        if (!known || day != serial) {
+            const CivilDate c = CivilFromSerial(day);
+            char* q = text;
+            q = (c.year >= 0 && c.year < 10000) ? PutTwo(PutTwo(q, c.year / 100), c.year % 100)
+                                                 : std::to_chars(q, q + 12, c.year).ptr;
+            *q++ = '-';
+            q = PutTwo(q, c.month);
+            *q++ = '-';
+            q = PutTwo(q, c.day);
+            size = static_cast<size_t>(q - text);
+            serial = day;
+            known = true;
+        }
+        return {text, size};
+    }
+};
+
 // A track point's lines formed in one buffer: the bulk of a large file.
-void TrackPointLines(std::string& out, const TrackPoint& p) {
+void TrackPointLines(std::string& out, const TrackPoint& p, DayText& day) {
     char buf[1400];
     char* q = Put(buf, "<trkpt lat=\"");
     q = PutFixed(q, p.Lat, 6);
@@ -120,14 +159,8 @@ void TrackPointLines(std::string& out, const TrackPoint& p) {
     q = Put(q, "\">\r\n");
     if (p.Alt.has()) q = Put(PutInt(Put(q, "  <ele>"), *p.Alt), "</ele>\r\n");
     if (p.Date_.has()) {
-        const CivilDate c = CivilFromSerial(*p.Date_);
         const int t = p.Time_.valueOr(0);
-        q = Put(q, "  <time>");
-        q = (c.year >= 0 && c.year < 10000) ? PutTwo(PutTwo(q, c.year / 100), c.year % 100) : PutInt(q, c.year);
-        *q++ = '-';
-        q = PutTwo(q, c.month);
-        *q++ = '-';
-        q = PutTwo(q, c.day);
+        q = Put(Put(q, "  <time>"), day.of(*p.Date_));
         *q++ = 'T';
         q = PutTwo(q, t / 3600 % 24);
         *q++ = ':';
@@ -146,10 +179,14 @@ void TrackPointLines(std::string& out, const TrackPoint& p) {
 // The writer works in slices so that a large store never sits twice in memory.
 template <typename Emit>
 void Produce(const Session& s, Emit emit) {
+    // Slices of 256 KB: few writes, and a slice still in the cache when the
+    // system copies it.
+    constexpr size_t kSlice = size_t{1} << 18;
     std::string out;
-    out.reserve(1 << 17);
+    out.reserve(kSlice + 4096);
+    DayText day;
     auto spill = [&] {
-        if (out.size() >= (1 << 16)) {
+        if (out.size() >= kSlice) {
             emit(out);
             out.clear();
         }
@@ -192,7 +229,7 @@ void Produce(const Session& s, Emit emit) {
         }
         out += "</name>\r\n<trkseg>\r\n";
         for (const TrackPoint& p : t.Points) {
-            TrackPointLines(out, p);
+            TrackPointLines(out, p, day);
             spill();
         }
         out += "</trkseg>\r\n</trk>\r\n";

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <string>
 
+#include "core/ModulShared.h"
 #include "core/ReadFilter.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
@@ -181,6 +182,40 @@ TEST_F(GPXFidelity, EveryTimeTheReaderSeesIsOfferedInTheDateChoice) {
     EXPECT_EQ(p[2].Lat, 4);
     EXPECT_TRUE(p[2].Date_.empty());
     EXPECT_EQ(s.store.SkippedTrackPoints, 1);
+}
+
+
+TEST_F(GPXFidelity, TimesOfPointsFollowTheTextRoutines) {
+    // Every form a time may take, in runs and alternating, against ParseDate
+    // and ParseTime: a date that cannot be read leaves both empty, a text that
+    // holds only a time keeps it.
+    const std::string texts[] = {"2006-02-16T10:00:00Z", "2006-02-16T10:00:01Z", "2006-02-17t23:59:59",
+                                 "2006-02-16T10:00:02.5Z", "2006-02-16T24:00:00Z", "2006-02-16T10:60:00Z",
+                                 "2006-02-16T10:00:60Z", "2006-13-16T10:00:00Z", "2006-02-30T10:00:00Z",
+                                 "2004-02-29T01:02:03Z", "2005-02-29T01:02:03Z", "2006-02-16T10:00:00+02:00",
+                                 "2006-02-16 10:00:00", "2006-02-16", "T10:11:12", "10:11:12Z", "2006-2-16T10:00:00Z",
+                                 "16.02.2006", "2006-02-16T1:00:00Z", "2006-02-16T10:00Z", "0001-01-01T00:00:00Z",
+                                 "9999-12-31T23:59:59Z", "2006-02-1xT10:00:00Z", "2006-02-16T10:0x:00Z"};
+    std::string gpx = "<gpx><trk><trkseg>";
+    std::vector<std::string> used;
+    for (int round = 0; round < 3; ++round)
+        for (const std::string& t : texts) {
+            gpx += "<trkpt lat=\"" + std::to_string(1 + used.size() * 0.001) + "\" lon=\"1\"><time>" + t + "</time></trkpt>";
+            used.push_back(t);
+        }
+    gpx += "</trkseg></trk></gpx>";
+    ReadGPXText(s, gpx);
+    ASSERT_EQ(s.store.Tracks.size(), 1u);
+    const auto& p = s.store.Tracks[0].Points;
+    ASSERT_EQ(p.size(), used.size());
+    for (size_t i = 0; i < used.size(); ++i) {
+        const std::string& t = used[i];
+        const Date date = ParseDate(t);
+        const bool timeOnly = t[0] == 'T' || t.find_first_of("tT") == std::string::npos;
+        const Time time = (date.has() || timeOnly) ? ParseTime(t) : Time();
+        EXPECT_EQ(p[i].Date_, date) << t;
+        EXPECT_EQ(p[i].Time_, time) << t;
+    }
 }
 
 }  // namespace

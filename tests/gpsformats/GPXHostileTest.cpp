@@ -42,13 +42,22 @@ std::string DistinctDays(size_t n) {
     return t + "</trkseg></trk></gpx>";
 }
 
+// n segments of one point each, for a reader that appends them to one track.
+std::string ManySegments(size_t n) {
+    std::string t = "<gpx><trk>\n";
+    for (size_t i = 0; i < n; ++i)
+        t += "<trkseg><trkpt lat=\"48." + std::to_string(100000 + i) + "\" lon=\"11.5\"/></trkseg>\n";
+    return t + "</trk></gpx>";
+}
+
 // The best of three reads, in seconds; `check` sees the session of each.
-double ReadSeconds(const std::string& text, const std::function<void(const Session&)>& check) {
+double ReadSeconds(const std::string& text, const std::function<void(const Session&)>& check, bool append = false) {
     double best = 1e9;
     for (int run = 0; run < 3; ++run) {
         FakePlatform platform;
         Session s(platform);
         s.options.List[7] = 1;  // all points
+        s.options.Check[12] = append ? 1 : 0;  // "Tracks anhängen"
         const auto t0 = std::chrono::steady_clock::now();
         ReadGPXText(s, text);
         best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
@@ -101,6 +110,36 @@ TEST(GPXHostile, EachShapeCostsInProportionToItsSize) {
         };
         ExpectLinear("distinct days", ReadSeconds(DistinctDays(n), check(n)), ReadSeconds(DistinctDays(4 * n), check(4 * n)));
     }
+    {
+        const size_t n = 5000;
+        auto check = [](size_t count) {
+            return [count](const Session& s) {
+                ASSERT_EQ(s.store.Tracks.size(), 1u);
+                EXPECT_EQ(s.store.Tracks[0].Points.size(), count);
+            };
+        };
+        ExpectLinear("segments appended to one track", ReadSeconds(ManySegments(n), check(n), true),
+                     ReadSeconds(ManySegments(4 * n), check(4 * n), true));
+    }
+}
+
+// Room is made for a segment's points at once, but a count of tags that hold
+// no point does not make room for them.
+TEST(GPXHostile, RoomForPointsFollowsWhatCanBeKept) {
+    FakePlatform platform;
+    Session s(platform);
+    s.options.List[7] = 1;
+    std::string t = "<gpx><trk><trkseg>";
+    for (int i = 0; i < 3000; ++i) t += "<trkpt lat=\"48." + std::to_string(1000 + i) + "\" lon=\"11\"/>";
+    t += "</trkseg><trkseg><trkpt lat=\"47\" lon=\"11\"/>";
+    for (int i = 0; i < 200000; ++i) t += "<trkpt/>";
+    t += "</trkseg></trk></gpx>";
+    ReadGPXText(s, t);
+    ASSERT_EQ(s.store.Tracks.size(), 2u);
+    EXPECT_EQ(s.store.Tracks[0].Points.size(), 3000u);
+    EXPECT_EQ(s.store.Tracks[0].Points.capacity(), 3000u);  // made once, to the point
+    EXPECT_EQ(s.store.Tracks[1].Points.size(), 1u);
+    EXPECT_LE(s.store.Tracks[1].Points.capacity(), 200000u * 8 / 24 + 1);  // not 200,001
 }
 
 // What the bounded searches must still find: a child closed late in its
