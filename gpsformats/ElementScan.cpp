@@ -243,27 +243,43 @@ std::string_view StartTag(std::string_view text, const Element& e) {
     return text.substr(e.begin, gt - e.begin);
 }
 
-std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found) {
-    found = false;
+void AttributeValues(std::string_view tag, const std::string_view* names, std::string_view* values, bool* found,
+                     size_t count) {
+    size_t open = 0;  // names not yet settled, as bits
+    for (size_t k = 0; k < count; ++k) {
+        values[k] = {};
+        found[k] = false;
+        open |= size_t{1} << k;
+    }
     const char* const begin = tag.data();
     const char* const end = begin + tag.size();
-    // Each "=" in turn: is the word before it (blanks allowed) the name?
-    for (const char* eq = FindByte(begin, end, '='); eq; eq = FindByte(eq + 1, end, '=')) {
-        size_t at = static_cast<size_t>(eq - begin);
-        while (at > 0 && tag[at - 1] == ' ') --at;
-        if (at < name.size()) continue;
-        at -= name.size();
-        if (!SpellsAt(tag, at, name)) continue;
-        if (at > 0 && tag[at - 1] != ' ' && tag[at - 1] != '\t' && tag[at - 1] != '\r' && tag[at - 1] != '\n') continue;
-        size_t p = static_cast<size_t>(eq - begin) + 1;
-        while (p < tag.size() && tag[p] == ' ') ++p;
-        if (p >= tag.size() || (tag[p] != '"' && tag[p] != '\'')) return {};
-        const char* q = FindByte(begin + p + 1, end, tag[p]);
-        if (!q) return {};
-        found = true;
-        return tag.substr(p + 1, static_cast<size_t>(q - begin) - p - 1);
+    // Each "=" in turn: is the word before it (blanks allowed) one of the
+    // names? The first such "=" settles that name, with its value or without.
+    for (const char* eq = FindByte(begin, end, '='); eq && open; eq = FindByte(eq + 1, end, '=')) {
+        size_t wordEnd = static_cast<size_t>(eq - begin);
+        while (wordEnd > 0 && tag[wordEnd - 1] == ' ') --wordEnd;
+        for (size_t k = 0; k < count; ++k) {
+            if (!(open >> k & 1) || wordEnd < names[k].size()) continue;
+            const size_t at = wordEnd - names[k].size();
+            if (!SpellsAt(tag, at, names[k])) continue;
+            if (at > 0 && tag[at - 1] != ' ' && tag[at - 1] != '\t' && tag[at - 1] != '\r' && tag[at - 1] != '\n') continue;
+            open &= ~(size_t{1} << k);
+            size_t p = static_cast<size_t>(eq - begin) + 1;
+            while (p < tag.size() && tag[p] == ' ') ++p;
+            if (p >= tag.size() || (tag[p] != '"' && tag[p] != '\'')) break;
+            const char* q = FindByte(begin + p + 1, end, tag[p]);
+            if (!q) break;
+            found[k] = true;
+            values[k] = tag.substr(p + 1, static_cast<size_t>(q - begin) - p - 1);
+            break;
+        }
     }
-    return {};
+}
+
+std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found) {
+    std::string_view value;
+    AttributeValues(tag, &name, &value, &found, 1);
+    return value;
 }
 
 std::string DecodeEntities(std::string_view t) {

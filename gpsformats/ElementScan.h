@@ -87,6 +87,10 @@ std::string_view InnerText(std::string_view text, const Element& e);
 std::string_view StartTag(std::string_view text, const Element& e);
 // The value of an attribute (name in lower case) in a start tag's text.
 std::string_view AttributeValue(std::string_view tag, std::string_view name, bool& found);
+// The values of several attributes in one walk over the tag, each as
+// AttributeValue finds it.
+void AttributeValues(std::string_view tag, const std::string_view* names, std::string_view* values, bool* found,
+                     size_t count);
 
 // Replaces the five XML entities and numeric character references.
 std::string DecodeEntities(std::string_view text);

@@ -124,12 +124,13 @@ double CoordinateValue(std::string_view text, bool decimalComma) {
 // lat and lon of a point's start tag; false when one of them is missing or empty.
 bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
     const std::string_view tag = StartTag(d.text, e);
-    bool hasLat = false, hasLon = false;
-    const std::string_view latText = AttributeValue(tag, "lat", hasLat);
-    const std::string_view lonText = AttributeValue(tag, "lon", hasLon);
-    if (!hasLat || !hasLon || Trim(latText).empty() || Trim(lonText).empty()) return false;
-    lat = CoordinateValue(latText, false);
-    lon = CoordinateValue(lonText, false);
+    static constexpr std::string_view kNames[2] = {"lat", "lon"};
+    std::string_view text[2];
+    bool has[2];
+    AttributeValues(tag, kNames, text, has, 2);
+    if (!has[0] || !has[1] || TrimValue(text[0]).empty() || TrimValue(text[1]).empty()) return false;
+    lat = CoordinateValue(text[0], false);
+    lon = CoordinateValue(text[1], false);
     return true;
 }
 

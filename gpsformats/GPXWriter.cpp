@@ -1,4 +1,6 @@
 #include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <string>
 
@@ -149,13 +151,43 @@ struct DayText {
     }
 };
 
+// Coordinates (6 decimals) and speeds (2) as PutFixed writes them, without
+// its exact arithmetic for the values that lie clearly away from a half in
+// the last place kept. Below 5e8 the scaled value is a double whose unit in
+// the last place is 6e-8 at most: it differs from the exact product, and from
+// the product of the value's shortest digits, by less than 2e-7. So when it
+// lies more than 1e-6 away from a half, all three round the same way. Values
+// near a half, and large or odd ones, go to PutFixed.
+template <int Decimals>
+char* PutFixedQuick(char* p, double value) {
+    static_assert(Decimals == 2 || Decimals == 6);
+    constexpr double kScale = Decimals == 6 ? 1e6 : 1e2;
+    constexpr uint64_t kUnit = Decimals == 6 ? 1000000 : 100;
+    const double x = std::fabs(value) * kScale;
+    if (!(x < 5e8)) return PutFixed(p, value, Decimals);
+    const double whole = std::floor(x);
+    const double frac = x - whole;
+    if (std::fabs(frac - 0.5) < 1e-6) return PutFixed(p, value, Decimals);
+    const uint64_t q = static_cast<uint64_t>(whole) + (frac > 0.5 ? 1 : 0);
+    if (value < 0 && q != 0) *p++ = '-';
+    const uint64_t integer = q / kUnit;
+    uint64_t fraction = q % kUnit;
+    p = std::to_chars(p, p + 24, integer).ptr;
+    *p++ = '.';
+    for (int i = Decimals - 2; i >= 0; i -= 2) {
+        PutTwo(p + i, static_cast<int>(fraction % 100));
+        fraction /= 100;
+    }
+    return p + Decimals;
+}
+
 // A track point's lines formed in one buffer: the bulk of a large file.
 void TrackPointLines(std::string& out, const TrackPoint& p, DayText& day) {
     char buf[1400];
     char* q = Put(buf, "<trkpt lat=\"");
-    q = PutFixed(q, p.Lat, 6);
+    q = PutFixedQuick<6>(q, p.Lat);
     q = Put(q, "\" lon=\"");
-    q = PutFixed(q, p.Lon, 6);
+    q = PutFixedQuick<6>(q, p.Lon);
     q = Put(q, "\">\r\n");
     if (p.Alt.has()) q = Put(PutInt(Put(q, "  <ele>"), *p.Alt), "</ele>\r\n");
     if (p.Date_.has()) {
@@ -170,7 +202,7 @@ void TrackPointLines(std::string& out, const TrackPoint& p, DayText& day) {
         q = Put(q, "Z</time>\r\n");
     }
     if (p.Course.has()) q = Put(PutInt(Put(q, "  <course>"), *p.Course), "</course>\r\n");
-    if (p.Speed.has()) q = Put(PutFixed(Put(q, "  <speed>"), *p.Speed * 1000.0 / 3600.0, 2), "</speed>\r\n");
+    if (p.Speed.has()) q = Put(PutFixedQuick<2>(Put(q, "  <speed>"), *p.Speed * 1000.0 / 3600.0), "</speed>\r\n");
     if (p.Sat.has()) q = Put(PutInt(Put(q, "  <sat>"), *p.Sat), "</sat>\r\n");
     q = Put(q, "</trkpt>\r\n");
     out.append(buf, q);

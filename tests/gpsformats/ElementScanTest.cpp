@@ -81,5 +81,33 @@ TEST(ElementScan, PointScanAgreesWithTheDefinition) {
     EXPECT_GT(valued, 20000);
 }
 
+
+// Several attributes in one walk, each settled by the first "=" behind its
+// name, as a walk for each name alone would settle it.
+TEST(ElementScan, AttributesInOneWalk) {
+    const std::string_view names[2] = {"lat", "lon"};
+    const char* const tags[] = {" lat=\"48.5\" lon=\"11\"", " LON = '1' x=\"lat=9\" lat=\"3\"", " lat=4 lon=\"5\"",
+                                " lon=\"5\" lat=\"open", " xlat=\"1\" lat=\"2\" lon=\"7\" lon=\"8\"", " lat=\"\"",
+                                "", " lon\t=\"6\"", "\nlat=\"-1\"\tlon='2'"};
+    for (const char* tag : tags) {
+        std::string_view values[2];
+        bool found[2];
+        AttributeValues(tag, names, values, found, 2);
+        for (size_t k = 0; k < 2; ++k) {
+            bool alone = false;
+            EXPECT_EQ(values[k], AttributeValue(tag, names[k], alone)) << tag;
+            EXPECT_EQ(found[k], alone) << tag;
+        }
+    }
+    std::string_view v[2];
+    bool f[2];
+    AttributeValues(" LON = '1' x=\"lat=9\" lat=\"3\"", names, v, f, 2);
+    EXPECT_EQ(v[0], "3");  // "lat=" inside a value follows a quote: no attribute
+    EXPECT_EQ(v[1], "1");
+    AttributeValues(" lat=4 lon=\"5\"", names, v, f, 2);
+    EXPECT_FALSE(f[0]);
+    EXPECT_EQ(v[1], "5");
+}
+
 }  // namespace
 }  // namespace ortelix

@@ -35,18 +35,25 @@ TEST(GPXWriter, TrackPointLinesAgreeWithTheTextRoutines) {
     const int32_t days[] = {38764, 38765, 38764, 2, 2958465, 38764, -300000, 38766};  // to 9999-12-31, from 1078
     std::uniform_real_distribution<double> coordinate(-180, 180);
     std::uniform_int_distribution<int> second(0, 86399), coin(0, 3);
+    // Values on and beside a half of the last decimal, in both signs, and
+    // values too large for the quick form, among random ones.
+    const double edges[] = {48.1234565, 48.1234575, -11.0000005, 0.0000005, -0.0000005, 0.00000049999, 179.9999995,
+                            -179.9999995, 1e-9, -1e-9, 0, -0.0, 0.125, 2.5e-7, 499.9999995, 500.0000005, 1e7 + 0.5,
+                            -3e12, 48.123456499999, 48.1234565000001, 1.0000005, 2.0000015};
     std::string expected;
     for (int i = 0; i < 3000; ++i) {
         TrackPoint p;
         p.Lon = coordinate(rng);
         p.Lat = coordinate(rng) / 2;
+        if (i % 3 == 0) p.Lon = edges[static_cast<size_t>(i / 3) % std::size(edges)];
+        if (i % 5 == 0) p.Lat = -edges[static_cast<size_t>(i / 5) % std::size(edges)];
         if (coin(rng)) p.Alt = ints[static_cast<size_t>(i) % std::size(ints)];
         if (coin(rng)) {
             p.Date_ = days[static_cast<size_t>(i / 7) % std::size(days)];
             if (coin(rng)) p.Time_ = second(rng);
         }
         if (coin(rng)) p.Course = static_cast<int16_t>(ints[static_cast<size_t>(i * 7) % 9]);
-        if (coin(rng)) p.Speed = (i % 97) * 1.37;
+        if (coin(rng)) p.Speed = i % 11 == 0 ? edges[static_cast<size_t>(i) % std::size(edges)] * 3.6 : (i % 97) * 1.37;
         if (coin(rng)) p.Sat = static_cast<int16_t>(i % 40);
         s.store.Tracks.back().Points.push_back(p);
         expected += Expected(p);
