@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "coordinates/Constants.h"
 #include "coordinates/GaussKrueger.h"
@@ -42,6 +43,36 @@ const std::array<double, 91>& TanTable() {
     return table;
 }
 
+// Where to start looking in the table for a ratio below 8: for each 1/64,
+// the last whole degree whose tangent lies at or below it. Tangents of whole
+// degrees lie more than 1/64 apart, so the degree of a ratio is the start or
+// the one after it.
+constexpr int kSlotsPerUnit = 64, kSlotLimit = 8;
+const std::array<uint8_t, kSlotsPerUnit * kSlotLimit>& SlotTable() {
+    static const std::array<uint8_t, kSlotsPerUnit * kSlotLimit> table = [] {
+        std::array<uint8_t, kSlotsPerUnit * kSlotLimit> s{};
+        const auto& t = TanTable();
+        size_t k = 0;
+        for (size_t i = 0; i < s.size(); ++i) {
+            const double low = static_cast<double>(i) / kSlotsPerUnit;
+            while (k + 1 < t.size() && t[k + 1] <= low) ++k;
+            s[i] = static_cast<uint8_t>(k);
+        }
+        return s;
+    }();
+    return table;
+}
+
+// The last whole degree whose tangent lies at or below r (r below tan 90).
+size_t DegreeOf(double r, const std::array<double, 91>& t) {
+    if (r < kSlotLimit) {
+        size_t k = SlotTable()[static_cast<size_t>(r * kSlotsPerUnit)];
+        if (t[k + 1] <= r) ++k;
+        return k;
+    }
+    return static_cast<size_t>(std::upper_bound(t.begin() + 82, t.end(), r) - t.begin()) - 1;
+}
+
 // The whole degrees of the course: found among the table's bounds, which is
 // exact unless the ratio lies within a hair of a bound; then the arc tangent
 // decides as it always did.
@@ -50,7 +81,7 @@ double AzimutDegrees(double ux, double uy, double dx, double dy) {
     const auto& t = TanTable();
     const double margin = 1e-9 * (1 + r * r);  // about 1e-9 radians of course
     if (!(r < t[90] - margin)) return AzimutExact(ux, uy, dx, dy);
-    const size_t k = static_cast<size_t>(std::upper_bound(t.begin(), t.end(), r) - t.begin()) - 1;
+    const size_t k = DegreeOf(r, t);
     if (r - t[k] <= margin || t[k + 1] - r <= margin) return AzimutExact(ux, uy, dx, dy);
     const double whole = static_cast<double>(k);
     if (dx < 0 && dy < 0) return 180 + whole;
