@@ -275,6 +275,10 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
         d.passed(open);
         if (t[open + 1] == '/') {
             const size_t from = open + 2;
+            // Every closing tag of interest begins "tr", "rt" or "ro": "</time>" ends here.
+            if (from + 1 >= t.size()) break;
+            const char second = static_cast<char>(t[from + 1] | 0x20);
+            if (second != 'r' && second != 't' && second != 'o') continue;
             auto closes = [&](const SurveyName& n) { return NameAt(t, from, n) && t[from + n.name.size()] == '>'; };
             if (closes(kTrkpt)) inTrkpt = false;  // the common case first
             else if (closes(kTrp)) inTrp = false;
