@@ -7,6 +7,7 @@
 
 #include "coordinates/Datum.h"
 #include "core/Session.h"
+#include "forms/FixedListTexts.h"
 #include "forms/OptionsFrame.h"
 
 namespace ortelix {
@@ -19,8 +20,6 @@ OptionsFrame* Frame(Session& s, QWidget* parent, const char* name, const QString
     f->setObjectName(name);
     return f;
 }
-
-QStringList Separators() { return {"Komma", "Semikolon", "Doppelpunkt", "|", "Space", "Raute", "TAB"}; }
 }  // namespace
 
 QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
@@ -128,10 +127,8 @@ QWidget* MakeFrameGoogle(Session& s, QWidget* parent) {
 
 QWidget* MakeFrameASCII(Session& s, QWidget* parent) {
     auto* f = Frame(s, parent, "FrameASCII", "Text Datei");
-    f->addList(1, "Trennzeichen", Separators());
-    QStringList comments = Separators().mid(0, 6);
-    comments.prepend("Keiner");
-    f->addList(0, "Kommentarzeichen", comments);
+    f->addList(1, "Trennzeichen", FixedListTexts(1));
+    f->addList(0, "Kommentarzeichen", FixedListTexts(0));
     f->addCheck(13, "Text in \" \"");
     const char* columns[] = {"Nord (Latitude) Breitengrad", "Ost (Longitude) Längengrad", "Beschreibung", "Name",
                              "Information", "Höhe (m)", "Geschwindigkeit (km/h)", "Richtung", "Datum", "Zeit",

@@ -160,6 +160,10 @@ TEST(Text, Dates) {
     EXPECT_EQ(*ParseTime("2006-02-16T16:23:10Z"), 16 * 3600 + 23 * 60 + 10);
     EXPECT_EQ(*ParseTime("08:05:09"), 8 * 3600 + 5 * 60 + 9);
     EXPECT_TRUE(ParseTime("25:00:00").empty());
+    // A time without a date: the time stands alone, with or without its mark.
+    EXPECT_EQ(*ParseTime("16:23:10Z"), 16 * 3600 + 23 * 60 + 10);
+    EXPECT_EQ(*ParseTime("T16:23:10Z"), 16 * 3600 + 23 * 60 + 10);
+    EXPECT_TRUE(ParseTime("2006-02-16").empty());
     EXPECT_EQ(*ParseMonthDate("16-FEB-06"), feb16);
     EXPECT_EQ(*ParseMonthDate("16-Feb-2006 10:00"), feb16);
     EXPECT_EQ(*ParseMonthDate("kein Datum"), 0);
