@@ -29,6 +29,9 @@ run() {  # label, command...: appends "wall cpu peak_kb" to $work/times-LABEL
 median() {  # file, column
   sort -n -k"$2" "$1" | awk -v c="$2" '{ v[NR] = $c } END { print v[int((NR + 1) / 2)] }'
 }
+range() {  # file, column: "min-max"
+  sort -n -k"$2" "$1" | awk -v c="$2" '{ v[NR] = $c } END { print v[1] "-" v[NR] }'
+}
 
 rm -f "$work/times-ortelix" "$work/times-gpsbabel"
 for _ in $(seq "$runs"); do
@@ -38,7 +41,7 @@ done
 ow=$(median "$work/times-ortelix" 1); oc=$(median "$work/times-ortelix" 2); orss=$(median "$work/times-ortelix" 3)
 gw=$(median "$work/times-gpsbabel" 1); gc=$(median "$work/times-gpsbabel" 2); grss=$(median "$work/times-gpsbabel" 3)
 echo "file:      $big ($(du -m "$big" | cut -f1) MB, $points points), median of $runs runs each"
-echo "ortelix:   ${ow} s wall, ${oc} s CPU, peak RSS $((orss / 1024)) MB"
-echo "gpsbabel:  ${gw} s wall, ${gc} s CPU, peak RSS $((grss / 1024)) MB"
+echo "ortelix:   ${ow} s wall ($(range "$work/times-ortelix" 1)), ${oc} s CPU ($(range "$work/times-ortelix" 2)), peak RSS $((orss / 1024)) MB"
+echo "gpsbabel:  ${gw} s wall ($(range "$work/times-gpsbabel" 1)), ${gc} s CPU ($(range "$work/times-gpsbabel" 2)), peak RSS $((grss / 1024)) MB"
 awk -v ow="$ow" -v oc="$oc" -v gw="$gw" -v gc="$gc" \
   'BEGIN { printf "ratio:     gpsbabel/ortelix = %.1f (wall), %.1f (CPU)\n", gw / ow, gc / oc }'

@@ -229,12 +229,32 @@ inline bool NameAt(std::string_view t, size_t from, const SurveyName& n) {
 constexpr SurveyName kTrkpt{"trkpt"}, kTrkseg{"trkseg"}, kTrk{"trk"}, kTrack{"track"}, kTrp{"trp"}, kRte{"rte"},
     kRoute{"route"}, kWpt{"wpt"}, kWp{"wp"}, kTime{"time"}, kDate{"date"};
 
+// The first ">" at or after a position, remembered: the survey asks for it
+// at tag after tag, and a ">" far ahead must not be searched for again from
+// each tag before it.
+class NextGreater {
+public:
+    explicit NextGreater(std::string_view t) : t_(t) {}
+    const char* from(size_t p) {
+        if (p < from_ || p > at_) {
+            const char* g = FindByte(t_.data() + p, t_.data() + t_.size(), '>');
+            from_ = p;
+            at_ = g ? static_cast<size_t>(g - t_.data()) : t_.size();
+        }
+        return at_ < t_.size() ? t_.data() + at_ : nullptr;
+    }
+
+private:
+    std::string_view t_;
+    size_t from_ = 1, at_ = 0;  // no ">" between from_ and at_ (the first at or after from_)
+};
+
 // The text of a child element whose start-tag name ends at `nameEnd`, when
 // plain text follows its start tag (itself free of "<") up to the matching
 // closing tag.
-std::string_view PlainChild(std::string_view t, size_t nameEnd, const SurveyName& name) {
+std::string_view PlainChild(std::string_view t, size_t nameEnd, const SurveyName& name, NextGreater& greater) {
     const char* const base = t.data();
-    const char* gt = base[nameEnd] == '>' ? base + nameEnd : FindByte(base + nameEnd, base + t.size(), '>');
+    const char* gt = base[nameEnd] == '>' ? base + nameEnd : greater.from(nameEnd);
     if (!gt || gt[-1] == '/' || FindByte(base + nameEnd, gt, '<')) return {};
     const size_t from = static_cast<size_t>(gt - base) + 1;
     const char* lt = FindByte(base + from, base + t.size(), '<');
@@ -246,15 +266,20 @@ std::string_view PlainChild(std::string_view t, size_t nameEnd, const SurveyName
 }
 
 // The first time (of a trkpt) or date (of a trp) of the point whose start
-// tag opens at `open`, as the reading pass will find it.
+// tag opens at `open`, as the reading pass will find it. The full scan, for
+// a time that is not plain text, walks to the point's end; `reach` keeps
+// where the last one ended, and a point that starts before it lies inside
+// that point (or no later point closes): the reading pass will not take it
+// as a point of its own, and it is not scanned again.
 std::string_view FirstChildText(std::string_view t, size_t open, const SurveyName& point, const SurveyName& name,
-                                size_t nameEnd) {
-    if (const std::string_view plain = PlainChild(t, nameEnd, name); plain.data()) return TrimValue(plain);
-    // Not the plain form (CDATA, markup inside, never closed): the full scan.
+                                size_t nameEnd, NextGreater& greater, size_t& reach) {
+    if (const std::string_view plain = PlainChild(t, nameEnd, name, greater); plain.data()) return TrimValue(plain);
+    if (open < reach) return {};
     const std::string_view names[1] = {name.name};
     std::string_view value;
     uint32_t withMarkup = 0;
-    GetElementWithChildren(t, point.name, open, t.size(), ChildNames(names), &value, withMarkup);
+    const Element e = GetElementWithChildren(t, point.name, open, t.size(), ChildNames(names), &value, withMarkup);
+    reach = e.found ? e.end : t.size();
     return TrimValue(StripCdata(value));
 }
 
@@ -265,7 +290,8 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
     static constexpr char kFirstLetters[4] = {'t', 'r', 'w', 'd'};  // of every name looked for
     Present p;
     bool inTrkpt = false, inTrp = false;
-    size_t pointOpen = 0, pointsSinceSegment = 0;
+    size_t pointOpen = 0, pointsSinceSegment = 0, fullScanReach = 0;
+    NextGreater greater(d.text);
     std::string_view lastDay;
     const std::string_view t = d.text;
     const char* const begin = t.data();
@@ -299,7 +325,7 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
             if (NameAt(t, from, name)) {
                 const size_t nameEnd = from + name.name.size();
                 const std::string_view when =
-                    FirstChildText(t, pointOpen, inTrkpt ? kTrkpt : kTrp, name, nameEnd);
+                    FirstChildText(t, pointOpen, inTrkpt ? kTrkpt : kTrp, name, nameEnd, greater, fullScanReach);
                 // Points come in runs of one day: a text seen just before is noted already.
                 if (when.empty() || when.substr(0, 10) != lastDay) {
                     lastDay = when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
@@ -311,7 +337,7 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
         }
         if (NameAt(t, from, kTrkpt)) {
             ++pointsSinceSegment;
-            const char* gt = FindByte(at + 6, stop, '>');
+            const char* gt = greater.from(open + 6);
             inTrkpt = gt && gt[-1] != '/';
             pointOpen = open;
         } else if (NameAt(t, from, kTrp)) {

@@ -123,6 +123,42 @@ TEST(GPXHostile, EachShapeCostsInProportionToItsSize) {
     }
 }
 
+// Shapes aimed at the walk that collects the dates before the reading:
+// points never closed whose times are not plain text, start tags whose ">"
+// lies far ahead, and points nested in one that closes only at the end.
+std::string NeverClosedCdataTimes(size_t n) {
+    std::string t = "<gpx><trk><trkseg>";
+    for (size_t i = 0; i < n; ++i) t += "<trkpt lat=\"1\" lon=\"1\"><time><![CDATA[2006-02-16T10:00:00Z]]></time>\n";
+    return t + "</trkseg></trk></gpx>";
+}
+std::string FarGreaterThan(size_t n) {
+    std::string t = "<gpx><trk><trkseg>";
+    for (size_t i = 0; i < n; ++i) t += "<trkpt <time ";
+    return t + "></trkseg></trk></gpx>";
+}
+std::string NestedInOne(size_t n) {
+    std::string t = "<gpx><trk><trkseg><trkpt lat=\"2\" lon=\"2\">";
+    for (size_t i = 0; i < n; ++i) t += "<trkpt lat=\"1\" lon=\"1\"><time>2006-02-16T10:00:00Z<b/></time>\n";
+    return t + "</trkpt></trkseg></trk></gpx>";
+}
+
+TEST(GPXHostile, DateWalkCostsInProportionToItsSize) {
+    const size_t n = 20000;
+    auto none = [](const Session& s) {
+        EXPECT_TRUE(s.store.Tracks.empty() || s.store.Tracks[0].Points.empty());
+    };
+    ExpectLinear("never closed, times in CDATA", ReadSeconds(NeverClosedCdataTimes(n), none),
+                 ReadSeconds(NeverClosedCdataTimes(4 * n), none));
+    ExpectLinear("'>' far ahead", ReadSeconds(FarGreaterThan(n), none), ReadSeconds(FarGreaterThan(4 * n), none));
+    auto one = [](const Session& s) {
+        ASSERT_EQ(s.store.Tracks.size(), 1u);
+        ASSERT_EQ(s.store.Tracks[0].Points.size(), 1u);  // the outer point, with the first time inside it
+        EXPECT_EQ(s.store.Tracks[0].Points[0].Lat, 2);
+        EXPECT_EQ(*s.store.Tracks[0].Points[0].Date_, 38764);
+    };
+    ExpectLinear("points nested in one", ReadSeconds(NestedInOne(n), one), ReadSeconds(NestedInOne(4 * n), one));
+}
+
 // Room is made for a segment's points at once, but a count of tags that hold
 // no point does not make room for them.
 TEST(GPXHostile, RoomForPointsFollowsWhatCanBeKept) {
