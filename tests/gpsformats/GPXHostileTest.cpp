@@ -68,10 +68,11 @@ double ReadSeconds(const std::string& text, const std::function<void(const Sessi
 
 // Growth of the cost from n to 4n: about 4 when linear, 16 when quadratic.
 // The small size's time is floored so that timer noise on a tiny figure
-// cannot fake a large growth.
+// cannot fake a large growth, and the bound lies well above 4: the suite
+// shares two cores with the build, and caches favour the small input.
 void ExpectLinear(const char* what, double small, double large) {
-    const double growth = large / std::max(small, 0.002);
-    EXPECT_LT(growth, 9.0) << what << ": " << small << " s at n, " << large << " s at 4n";
+    const double growth = large / std::max(small, 0.005);
+    EXPECT_LT(growth, 11.0) << what << ": " << small << " s at n, " << large << " s at 4n";
 }
 
 TEST(GPXHostile, EachShapeCostsInProportionToItsSize) {
