@@ -30,6 +30,7 @@ namespace {
 namespace fs = std::filesystem;
 
 using testgui::Gui;
+using testgui::StartedMainForm;
 
 using testgui::Text;
 
@@ -183,13 +184,9 @@ TEST(FormMain, FramesBindToTheOptionsAndFollowAReset) {
 }
 
 TEST(FormMain, ScreenshotsAndEnde) {
-    Gui gui;
-    FakePlatform p;
-    Session s(p);
-    StartUp(s);
-    FormMain form(s);
-    form.show();
-    QApplication::processEvents();
+    StartedMainForm m;
+    Session& s = m.session;
+    FormMain& form = m.form;
     s.store.StatusText.set("Fertig");
     form.refresh();
     const QString shot = QString(ORTELIX_BUILD_DIR) + "/FormMain.png";

@@ -19,22 +19,15 @@
 namespace ortelix {
 namespace {
 
+using testgui::AreaOf;
 using testgui::Gui;
+using testgui::StartedMainForm;
 using testgui::Text;
 
-QScrollArea* AreaOf(QWidget* frame) {
-    for (QWidget* w = frame; w; w = w->parentWidget())
-        if (auto* a = qobject_cast<QScrollArea*>(w)) return a;
-    return nullptr;
-}
-
 TEST(DatumFrame, TextsListAndDetailFollowTheChoice) {
-    Gui gui;
-    FakePlatform p;
-    Session s(p);
-    StartUp(s);
-    FormMain form(s);
-    form.show();
+    StartedMainForm m;
+    Session& s = m.session;
+    FormMain& form = m.form;
     form.runCommand("MenEinHelmert");
     ASSERT_EQ(form.currentFrame(), kFrameDatum);
     QWidget* frame = form.frame(kFrameDatum);
@@ -79,13 +72,8 @@ TEST(DatumFrame, TextsListAndDetailFollowTheChoice) {
 }
 
 TEST(SettingsFrames, EveryFrameFitsTheMainFormAtItsDefaultSize) {
-    Gui gui;
-    FakePlatform p;
-    Session s(p);
-    StartUp(s);
-    FormMain form(s);
-    form.show();
-    QApplication::processEvents();
+    StartedMainForm m;
+    FormMain& form = m.form;
     for (int i = 0; i < kFrameCount; ++i) {
         form.ShowFrame(i);
         QApplication::processEvents();

@@ -20,7 +20,9 @@
 namespace ortelix {
 namespace {
 
+using testgui::AreaOf;
 using testgui::Gui;
+using testgui::StartedMainForm;
 
 // One notch of the wheel turned towards the user, over the middle of w.
 void WheelDown(QWidget* w) {
@@ -38,19 +40,10 @@ QString ValueOf(QWidget* w) {
     return {};
 }
 
-QScrollArea* AreaOf(QWidget* frame) {
-    for (QWidget* w = frame; w; w = w->parentWidget())
-        if (auto* a = qobject_cast<QScrollArea*>(w)) return a;
-    return nullptr;
-}
-
 TEST(WheelGuard, WheelOverAnUnfocusedListScrollsTheFrameAndKeepsTheOption) {
-    Gui gui;
-    FakePlatform p;
-    Session s(p);
-    StartUp(s);
-    FormMain form(s);
-    form.show();
+    StartedMainForm m;
+    Session& s = m.session;
+    FormMain& form = m.form;
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     form.ShowFrame(kFrameTrackFilter);
