@@ -168,6 +168,14 @@ void MappedFile::release(size_t upTo) const {
     if (len > 0) ::madvise(const_cast<char*>(data_), len, MADV_DONTNEED);
 }
 
+void MappedFile::release(size_t from, size_t upTo) const {
+    if (!mapped_) return;
+    const size_t page = 4096;
+    const size_t first = (from + page - 1) / page * page;
+    const size_t last = std::min(upTo, size_) / page * page;
+    if (last > first) ::madvise(const_cast<char*>(data_) + first, last - first, MADV_DONTNEED);
+}
+
 void MappedFile::checkIntact() const {
     if (mapped_ && mapping_guard::Cut(guardSlot_)) throw FileError(kChangedWhileReading);
 }

@@ -53,6 +53,8 @@ public:
 
     std::string_view view() const { return {data_, size_}; }
     void release(size_t upTo) const;
+    // The same for the pages of [from, upTo) only: a walk that began at `from`.
+    void release(size_t from, size_t upTo) const;
     bool mapped() const { return mapped_; }
     // Throws FileError when another program shortened the file while it was
     // mapped: the pages past its new end were read as zeros.

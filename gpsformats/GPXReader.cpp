@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <limits>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "core/Charset.h"
@@ -10,6 +12,7 @@
 #include "core/ReadFilter.h"
 #include "core/ScanBytes.h"
 #include "core/Session.h"
+#include "gpsformats/BlockPipeline.h"
 #include "gpsformats/ElementScan.h"
 #include "gpsformats/GPX.h"
 
@@ -92,6 +95,9 @@ struct Doc {
     }
     static constexpr size_t kReleaseStep = size_t{1} << 24;
     mutable size_t releasedUpTo = 0;
+    // From this size on, the track points are read on a second thread.
+    size_t pipelineFrom = kPipelineFrom;
+    static constexpr size_t kPipelineFrom = size_t{1} << 22;
 };
 
 // Does the text (blanks and a sign aside) begin with `word`, without regard to case?
@@ -121,16 +127,25 @@ double CoordinateValue(std::string_view text, bool decimalComma) {
     return decimalComma ? ParseCoordinate(text) : LeadingNumber(text);
 }
 
-// lat and lon of a point's start tag; false when one of them is missing or empty.
-bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
+// The texts of lat and lon in a point's start tag; false when one of them is missing or empty.
+bool PositionTexts(const Doc& d, const Element& e, std::string_view& latText, std::string_view& lonText) {
     const std::string_view tag = StartTag(d.text, e);
     static constexpr std::string_view kNames[2] = {"lat", "lon"};
     std::string_view text[2];
     bool has[2];
     AttributeValues(tag, kNames, text, has, 2);
     if (!has[0] || !has[1] || TrimValue(text[0]).empty() || TrimValue(text[1]).empty()) return false;
-    lat = CoordinateValue(text[0], false);
-    lon = CoordinateValue(text[1], false);
+    latText = text[0];
+    lonText = text[1];
+    return true;
+}
+
+// lat and lon of a point's start tag; false when one of them is missing or empty.
+bool Position(const Doc& d, const Element& e, double& lon, double& lat) {
+    std::string_view latText, lonText;
+    if (!PositionTexts(d, e, latText, lonText)) return false;
+    lat = CoordinateValue(latText, false);
+    lon = CoordinateValue(lonText, false);
     return true;
 }
 
@@ -283,35 +298,50 @@ std::string_view FirstChildText(std::string_view t, size_t open, const SurveyNam
     return TrimValue(StripCdata(value));
 }
 
-// One walk over the tags of interest: which outer elements exist, where they
-// close, and, when a session is given, the dates of the track points for the
-// date choice (the first time of each trkpt, the first date of each trp).
-Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
-    static constexpr char kFirstLetters[4] = {'t', 'r', 'w', 'd'};  // of every name looked for
-    Present p;
+// Where the survey stands between two tags: all that a later tag's meaning depends on.
+struct SurveyState {
+    Present present;
+    Closings closings;
     bool inTrkpt = false, inTrp = false;
     size_t pointOpen = 0, pointsSinceSegment = 0, fullScanReach = 0;
-    NextGreater greater(d.text);
-    std::string_view lastDay;
-    const std::string_view t = d.text;
+    std::string_view lastDay;  // the day of the time text noted last
+};
+
+// The day part of a time text, as the survey compares it with the next.
+std::string_view DayOf(std::string_view when) {
+    return when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
+}
+
+// The survey's walk over the tags that open in [from, to): which outer
+// elements exist, where they close, and, with `withDates`, the first time
+// of each trkpt and the first date of each trp, handed to `note` unless it
+// is of the day noted just before. `passed` gets the walk's position.
+template <typename Note, typename Passed>
+void SurveyTags(std::string_view t, size_t from, size_t to, SurveyState& st, bool withDates, Note note,
+                Passed passed) {
+    static constexpr char kFirstLetters[4] = {'t', 'r', 'w', 'd'};  // of every name looked for
+    Present& p = st.present;
+    Closings& c = st.closings;
+    NextGreater greater(t);
     const char* const begin = t.data();
     const char* const stop = begin + t.size();
-    for (const char* at = FindTagStart(begin, stop, kFirstLetters); at; at = FindTagStart(at + 1, stop, kFirstLetters)) {
+    for (const char* at = FindTagStart(begin + from, stop, kFirstLetters); at && at < begin + to;
+         at = FindTagStart(at + 1, stop, kFirstLetters)) {
         const size_t open = static_cast<size_t>(at - begin);
-        d.passed(open);
+        passed(open);
         if (t[open + 1] == '/') {
-            const size_t from = open + 2;
+            const size_t name = open + 2;
             // Every closing tag of interest begins "tr", "rt" or "ro": "</time>" ends here.
-            if (from + 1 >= t.size()) break;
-            const char second = static_cast<char>(t[from + 1] | 0x20);
+            if (name + 1 >= t.size()) break;
+            const char second = static_cast<char>(t[name + 1] | 0x20);
             if (second != 'r' && second != 't' && second != 'o') continue;
-            auto closes = [&](const SurveyName& n) { return NameAt(t, from, n) && t[from + n.name.size()] == '>'; };
-            if (closes(kTrkpt)) inTrkpt = false;  // the common case first
-            else if (closes(kTrp)) inTrp = false;
+            auto closes = [&](const SurveyName& n) { return NameAt(t, name, n) && t[name + n.name.size()] == '>'; };
+            if (closes(kTrkpt)) st.inTrkpt = false;  // the common case first
+            else if (closes(kTrp)) st.inTrp = false;
             else if (closes(kTrkseg)) {
                 c.trkseg.push_back(open);
-                c.trksegPoints.push_back(pointsSinceSegment);
-                pointsSinceSegment = 0;
+                c.trksegPoints.push_back(st.pointsSinceSegment);
+                st.pointsSinceSegment = 0;
             }
             else if (closes(kTrk)) c.trk.push_back(open);
             else if (closes(kTrack)) c.track.push_back(open);
@@ -319,38 +349,131 @@ Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
             else if (closes(kRoute)) c.route.push_back(open);
             continue;
         }
-        const size_t from = open + 1;
-        if (dates && (inTrkpt || inTrp)) {
-            const SurveyName& name = inTrkpt ? kTime : kDate;
-            if (NameAt(t, from, name)) {
-                const size_t nameEnd = from + name.name.size();
-                const std::string_view when =
-                    FirstChildText(t, pointOpen, inTrkpt ? kTrkpt : kTrp, name, nameEnd, greater, fullScanReach);
+        const size_t name = open + 1;
+        if (withDates && (st.inTrkpt || st.inTrp)) {
+            const SurveyName& child = st.inTrkpt ? kTime : kDate;
+            if (NameAt(t, name, child)) {
+                const size_t nameEnd = name + child.name.size();
+                const std::string_view when = FirstChildText(t, st.pointOpen, st.inTrkpt ? kTrkpt : kTrp, child,
+                                                             nameEnd, greater, st.fullScanReach);
                 // Points come in runs of one day: a text seen just before is noted already.
-                if (when.empty() || when.substr(0, 10) != lastDay) {
-                    lastDay = when.substr(0, when.size() >= 11 && (when[10] == 'T' || when[10] == 't') ? 10 : when.size());
-                    NoteDate(*dates, ParseDate(when));
+                if (when.empty() || when.substr(0, 10) != st.lastDay) {
+                    st.lastDay = DayOf(when);
+                    note(when);
                 }
-                inTrkpt = inTrp = false;  // the first one counts
+                st.inTrkpt = st.inTrp = false;  // the first one counts
                 continue;
             }
         }
-        if (NameAt(t, from, kTrkpt)) {
-            ++pointsSinceSegment;
+        if (NameAt(t, name, kTrkpt)) {
+            ++st.pointsSinceSegment;
             const char* gt = greater.from(open + 6);
-            inTrkpt = gt && gt[-1] != '/';
-            pointOpen = open;
-        } else if (NameAt(t, from, kTrp)) {
-            inTrp = true;
-            pointOpen = open;
-        } else if (NameAt(t, from, kTrk)) p.trk = true;
-        else if (NameAt(t, from, kRte)) p.rte = true;
-        else if (NameAt(t, from, kWpt)) p.wpt = true;
-        else if (NameAt(t, from, kTrack)) p.track = true;
-        else if (NameAt(t, from, kRoute)) p.route = true;
-        else if (NameAt(t, from, kWp)) p.wp = true;
+            st.inTrkpt = gt && gt[-1] != '/';
+            st.pointOpen = open;
+        } else if (NameAt(t, name, kTrp)) {
+            st.inTrp = true;
+            st.pointOpen = open;
+        } else if (NameAt(t, name, kTrk)) p.trk = true;
+        else if (NameAt(t, name, kRte)) p.rte = true;
+        else if (NameAt(t, name, kWpt)) p.wpt = true;
+        else if (NameAt(t, name, kTrack)) p.track = true;
+        else if (NameAt(t, name, kRoute)) p.route = true;
+        else if (NameAt(t, name, kWp)) p.wp = true;
     }
-    return p;
+}
+
+// A trkpt start tag near the middle of a large text, where a second walk
+// may begin; npos when there is none.
+size_t SurveySplit(std::string_view t) {
+    for (size_t at = t.find("<trkpt", t.size() / 2); at != std::string_view::npos; at = t.find("<trkpt", at + 1))
+        if (NameAt(t, at + 1, kTrkpt)) return at;
+    return std::string_view::npos;
+}
+
+// One walk over the tags of interest (SurveyTags), the dates noted in the
+// session. A large text's second half is walked on a second thread at the
+// same time, from a trkpt start tag, which sets the state of a point anew.
+// That walk supposes that no trp is open there, that no full scan of a point
+// reached past it, and nothing of the last day noted before it; when the
+// first half ends otherwise, the second half is walked again after it.
+Present Survey(const Doc& d, Closings& c, Session* dates = nullptr) {
+    const std::string_view t = d.text;
+    const bool withDates = dates != nullptr;
+    auto noteNow = [&](std::string_view when) { NoteDate(*dates, ParseDate(when)); };
+    auto passedNow = [&](size_t pos) { d.passed(pos); };
+    SurveyState first;
+    const size_t split = t.size() >= d.pipelineFrom ? SurveySplit(t) : std::string_view::npos;
+    if (split == std::string_view::npos) {
+        SurveyTags(t, 0, t.size(), first, withDates, noteNow, passedNow);
+        c = std::move(first.closings);
+        return first.present;
+    }
+
+    SurveyState second;
+    std::string_view firstWhen;  // the second half's first time text, as the one thread would judge it
+    bool anyWhen = false;
+    std::vector<Date> laterDates;  // the dates it noted after that, in order
+    std::exception_ptr error;
+    size_t releasedTo = split;
+    std::thread helper([&] {
+        try {
+            SurveyTags(
+                t, split, t.size(), second, withDates,
+                [&](std::string_view when) {
+                    if (anyWhen) laterDates.push_back(ParseDate(when));
+                    else firstWhen = when;
+                    anyWhen = true;
+                },
+                [&](size_t pos) {
+                    if (d.map && pos - releasedTo >= Doc::kReleaseStep) {
+                        d.map->release(releasedTo, pos);
+                        releasedTo = pos;
+                    }
+                });
+            // The rest too: the reading walk comes here last.
+            if (d.map) d.map->release(releasedTo, t.size());
+        } catch (...) {
+            error = std::current_exception();
+        }
+    });
+    try {
+        SurveyTags(t, 0, split, first, withDates, noteNow, passedNow);
+    } catch (...) {
+        helper.join();
+        throw;
+    }
+    helper.join();
+    if (error) std::rethrow_exception(error);
+
+    const bool firstNoted = anyWhen && (firstWhen.empty() || firstWhen.substr(0, 10) != first.lastDay);
+    // Once the first text is judged, both walks remember the same day when
+    // the one thread would have noted it, or when it is of that day anyway.
+    const bool sameDay = !anyWhen || firstNoted || DayOf(firstWhen) == first.lastDay;
+    if (first.inTrp || first.fullScanReach > split || !sameDay) {
+        SurveyTags(t, split, t.size(), first, withDates, noteNow, passedNow);
+        c = std::move(first.closings);
+        return first.present;
+    }
+    if (withDates) {
+        if (firstNoted) noteNow(firstWhen);
+        for (const Date day : laterDates) NoteDate(*dates, day);
+    }
+    // The points before the second half's first segment end belong to it.
+    Closings& b = second.closings;
+    if (!b.trksegPoints.empty()) b.trksegPoints.front() += first.pointsSinceSegment;
+    c = std::move(first.closings);
+    auto append = [](std::vector<size_t>& to, const std::vector<size_t>& from) {
+        to.insert(to.end(), from.begin(), from.end());
+    };
+    append(c.trk, b.trk);
+    append(c.trkseg, b.trkseg);
+    append(c.track, b.track);
+    append(c.rte, b.rte);
+    append(c.route, b.route);
+    append(c.trksegPoints, b.trksegPoints);
+    const Present& x = first.present;
+    const Present& y = second.present;
+    return {x.trk || y.trk, x.track || y.track, x.rte || y.rte, x.route || y.route, x.wpt || y.wpt, x.wp || y.wp};
 }
 
 OptDouble SpeedFromMetresPerSecond(std::string_view text) {
@@ -378,39 +501,158 @@ void ReserveForSegment(Track& track, const Closings& c, const Element& seg) {
 constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time", "sat", "fix"};
 constexpr ChildNames kTrkptChildrenNames{kTrkptChildren};
 
-void ReadGpxTrackElement(Session& s, const Doc& d, const Element& trk) {
-    const std::string name = d.childText(trk, "name");
-    size_t segPos = trk.begin;
-    while (!s.UserAbort) {
-        const Element seg = d.outer("trkseg", d.closings.trkseg, segPos, trk.end);
-        if (!seg.found) break;
-        segPos = seg.next;
-        if (InnerText(d.text, seg).empty()) continue;
-        if (s.store.Tracks.empty() || s.options.Check[12] == 0) NewTrack(s.store, name);
-        ReserveForSegment(s.store.Tracks.back(), d.closings, seg);
-        size_t ptPos = seg.begin;
-        std::string fix;
-        LastDay day;
-        while (!s.UserAbort) {
-            std::string_view c[6];
-            const Element pt = d.point("trkpt", ptPos, seg.end, kTrkptChildrenNames, c);
-            if (!pt.found) break;
-            ptPos = pt.next;
-            s.progress();
-            d.passed(ptPos);
-            TrackPointIn p;
-            if (!Position(d, pt, p.lon, p.lat)) continue;
-            p.alt = ParseAltitude(c[0]);
-            p.speed = SpeedFromMetresPerSecond(c[1]);
-            p.course = ParseCourse(c[2]);
-            const DateAndTime when = GpxTime(c[3], day);
-            p.date = when.date;
-            p.time = when.time;
-            p.sat = c[4];
-            p.fix = d.utf8(c[5], fix);
-            AddTrackPoint(s, p);
+// What the walk over the GPX tracks meets, in file order: a track (its
+// name), a segment with points, a point (the texts of its position and
+// children), or a point without a position, which only counts for the
+// progress. The walk finds the texts; the numbers in them are read where
+// the record is taken, which shares the work evenly between two threads.
+struct TrackRead {
+    enum Kind : uint8_t { Track, Segment, Point, Unplaced };
+    Kind kind = Point;
+    std::string_view lat, lon;
+    std::string_view child[6];  // ele, speed, course, time, sat, fix: trimmed, free of CDATA
+    size_t next = 0;            // behind the point: the pages before it may go
+    Element seg;
+    std::string text;           // a track's name; a point's fix when decoded from the file's charset
+    bool fixDecoded = false;    // the fix is then `text` (records move, so no view points at it)
+};
+
+// The walk over every trk, trkseg and trkpt. It reads the file's text and
+// nothing else, so that it may run on a thread of its own.
+class GpxTrackWalk {
+public:
+    explicit GpxTrackWalk(const Doc& d) : d_(d) {}
+
+    bool next(TrackRead& r) {
+        for (;;) {
+            switch (state_) {
+                case State::Tracks: {
+                    const Element trk = d_.outer("trk", d_.closings.trk, trkPos_, d_.text.size());
+                    if (!trk.found) return false;
+                    trkPos_ = trk.next;
+                    trk_ = trk;
+                    segPos_ = trk.begin;
+                    state_ = State::Segments;
+                    r.kind = TrackRead::Track;
+                    r.text = d_.childText(trk, "name");
+                    return true;
+                }
+                case State::Segments: {
+                    const Element seg = d_.outer("trkseg", d_.closings.trkseg, segPos_, trk_.end);
+                    if (!seg.found) {
+                        state_ = State::Tracks;
+                        continue;
+                    }
+                    segPos_ = seg.next;
+                    if (InnerText(d_.text, seg).empty()) continue;
+                    ptPos_ = seg.begin;
+                    segEnd_ = seg.end;
+                    state_ = State::Points;
+                    r.kind = TrackRead::Segment;
+                    r.seg = seg;
+                    return true;
+                }
+                case State::Points: {
+                    const Element pt = d_.point("trkpt", ptPos_, segEnd_, kTrkptChildrenNames, r.child);
+                    if (!pt.found) {
+                        state_ = State::Segments;
+                        continue;
+                    }
+                    ptPos_ = pt.next;
+                    r.next = pt.next;
+                    if (!PositionTexts(d_, pt, r.lat, r.lon)) {
+                        r.kind = TrackRead::Unplaced;
+                        return true;
+                    }
+                    r.kind = TrackRead::Point;
+                    const std::string_view fix = d_.utf8(r.child[5], r.text);
+                    r.fixDecoded = fix.data() != r.child[5].data();
+                    return true;
+                }
+            }
         }
     }
+
+private:
+    enum class State { Tracks, Segments, Points };
+    const Doc& d_;
+    State state_ = State::Tracks;
+    size_t trkPos_ = 0, segPos_ = 0, ptPos_ = 0, segEnd_ = 0;
+    Element trk_;
+};
+
+// Hands one record of the walk to the session: a new track per segment
+// (or one for all when segments are joined), the points through the filters.
+class GpxTrackTake {
+public:
+    GpxTrackTake(Session& s, const Doc& d) : s_(s), d_(d) {}
+    bool operator()(TrackRead& r) {
+        if (s_.UserAbort) return false;
+        switch (r.kind) {
+            case TrackRead::Track: name_ = std::move(r.text); break;
+            case TrackRead::Segment:
+                if (s_.store.Tracks.empty() || s_.options.Check[12] == 0) NewTrack(s_.store, name_);
+                ReserveForSegment(s_.store.Tracks.back(), d_.closings, r.seg);
+                day_ = {};
+                break;
+            case TrackRead::Unplaced:
+                s_.progress();
+                d_.passed(r.next);
+                break;
+            case TrackRead::Point: {
+                s_.progress();
+                d_.passed(r.next);
+                TrackPointIn p;
+                p.lat = CoordinateValue(r.lat, false);
+                p.lon = CoordinateValue(r.lon, false);
+                p.alt = ParseAltitude(r.child[0]);
+                p.speed = SpeedFromMetresPerSecond(r.child[1]);
+                p.course = ParseCourse(r.child[2]);
+                const DateAndTime when = GpxTime(r.child[3], day_);
+                p.date = when.date;
+                p.time = when.time;
+                p.sat = r.child[4];
+                p.fix = r.fixDecoded ? std::string_view(r.text) : r.child[5];
+                AddTrackPoint(s_, p);
+                break;
+            }
+        }
+        return true;
+    }
+
+private:
+    Session& s_;
+    const Doc& d_;
+    std::string name_;
+    LastDay day_;
+};
+
+// Every GPX track. A large file's walk runs on a second thread, a block of
+// points ahead of the filters and the store: the same records in the same
+// order, so the store is the same either way.
+void ReadGpxTracks(Session& s, const Doc& d) {
+    // Blocks large enough that handing one over (a thread that sleeps and
+    // wakes) costs little beside reading its points.
+    constexpr size_t kBlock = 8192;
+    GpxTrackWalk walk(d);
+    GpxTrackTake take(s, d);
+    if (d.text.size() < d.pipelineFrom) {
+        TrackRead r;
+        while (walk.next(r) && take(r)) {}
+    } else {
+        RunBlockPipeline<TrackRead>(
+            [&](std::vector<TrackRead>& block) {
+                while (block.size() < block.capacity()) {
+                    if (!walk.next(block.emplace_back())) {
+                        block.pop_back();
+                        return false;
+                    }
+                }
+                return true;
+            },
+            take, kBlock, 3);
+    }
+    s.store.StatusText.set("Fertig");
 }
 
 constexpr std::string_view kTrpChildren[] = {"lon", "lat", "speed", "alt", "course", "sat", "fix", "date", "time"};
@@ -549,7 +791,7 @@ void EachOuter(Session& s, const Doc& d, std::string_view tag, const std::vector
 void ReadTracks(Session& s, const Doc& d, const Present& p) {
     if (p.trk) {
         s.store.StatusText.set("Suche GPX TrackPoints");
-        EachOuter(s, d, "trk", d.closings.trk, [&](const Element& e) { ReadGpxTrackElement(s, d, e); });
+        ReadGpxTracks(s, d);
     }
     if (p.track)
         EachOuter(s, d, "track", d.closings.track, [&](const Element& e) { ReadShortTrackElement(s, d, e); });
@@ -594,6 +836,13 @@ Doc OpenDoc(std::string_view bytes, std::string& decoded, const MappedFile* map)
 void ReadGPXText(Session& s, std::string_view bytes) {
     std::string decoded;
     ReadDoc(s, OpenDoc(bytes, decoded, nullptr));
+}
+
+void ReadGPXText(Session& s, std::string_view bytes, size_t pipelineFrom) {
+    std::string decoded;
+    Doc d = OpenDoc(bytes, decoded, nullptr);
+    d.pipelineFrom = pipelineFrom;
+    ReadDoc(s, std::move(d));
 }
 
 void ReadGPXFile(Session& s, const std::string& path) {
