@@ -3,6 +3,7 @@
 // the file that was there before.
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -94,10 +95,20 @@ public:
     SafeWriter& operator=(const SafeWriter&) = delete;
 
     void write(std::string_view bytes);
+    // Writes `slice` and leaves it empty. A large slice for a regular file
+    // goes to a thread of its own without a copy (the caller gets a spent
+    // buffer back to fill), so that the next slice is formed while this one
+    // is written; a failure there is thrown by the next call.
+    void writeSlice(std::string& slice);
     void commit();
 
+    // From this size on a slice is written in the background.
+    static constexpr size_t kBackgroundSlice = size_t{1} << 18;
+
 private:
+    struct Background;
     void flush();
+    void handOver(std::string& bytes);
     std::string target_;  // as the caller named it
     std::string dest_;    // where the temporary goes when committed
     std::string temp_;    // empty when written directly
@@ -106,6 +117,7 @@ private:
     unsigned mode_ = 0;
     unsigned uid_ = 0, gid_ = 0;
     std::string buffer_;
+    std::unique_ptr<Background> background_;
 };
 
 }  // namespace ortelix

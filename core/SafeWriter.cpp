@@ -2,10 +2,13 @@
 // is no regular file.
 #include <cerrno>
 #include <climits>
+#include <condition_variable>
 #include <cstdlib>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/random.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "core/FileIO.h"
@@ -55,19 +58,92 @@ mode_t CurrentUmask() {
     return static_cast<mode_t>(std::strtoul(buf + at + 7, nullptr, 8)) & 0777;
 }
 
-void WriteAll(int fd, const char* data, size_t size) {
+// 0, or the errno of the write that failed.
+int WriteAllOrError(int fd, const char* data, size_t size) {
     while (size > 0) {
         const ssize_t n = ::write(fd, data, size);
         if (n < 0) {
             if (errno == EINTR) continue;
-            throw FileError(ErrorText(errno));
+            return errno;
         }
         data += n;
         size -= static_cast<size_t>(n);
     }
+    return 0;
+}
+
+void WriteAll(int fd, const char* data, size_t size) {
+    if (const int err = WriteAllOrError(fd, data, size)) throw FileError(ErrorText(err));
 }
 
 }  // namespace
+
+// The thread that writes the slices of a large file: one slice waits while
+// the one before is written. The first failure ends the writing; it is
+// thrown to the caller at its next hand-over or at the commit.
+struct SafeWriter::Background {
+    explicit Background(int fd) : fd_(fd) {}
+    ~Background() {
+        {
+            std::lock_guard lock(m_);
+            quit_ = true;
+        }
+        cv_.notify_all();
+        thread_.join();
+    }
+
+    // Takes `bytes` and gives back a spent buffer in its place.
+    void hand(std::string& bytes) {
+        std::unique_lock lock(m_);
+        cv_.wait(lock, [&] { return !pending_ || err_ != 0; });
+        if (err_) throw FileError(ErrorText(err_));
+        waiting_.swap(bytes);
+        bytes.clear();
+        pending_ = true;
+        lock.unlock();
+        cv_.notify_all();
+    }
+
+    // Returns when every slice handed over is written.
+    void drain() {
+        std::unique_lock lock(m_);
+        cv_.wait(lock, [&] { return (!pending_ && !busy_) || err_ != 0; });
+        if (err_) throw FileError(ErrorText(err_));
+    }
+
+private:
+    void run() {
+        std::string writing;
+        for (;;) {
+            {
+                std::unique_lock lock(m_);
+                cv_.wait(lock, [&] { return pending_ || quit_; });
+                if (quit_) return;
+                writing.swap(waiting_);
+                pending_ = false;
+                busy_ = true;
+            }
+            cv_.notify_all();
+            const int err = WriteAllOrError(fd_, writing.data(), writing.size());
+            writing.clear();
+            {
+                std::lock_guard lock(m_);
+                busy_ = false;
+                err_ = err;
+            }
+            cv_.notify_all();
+            if (err) return;
+        }
+    }
+
+    const int fd_;
+    std::mutex m_;
+    std::condition_variable cv_;
+    std::string waiting_;
+    bool pending_ = false, busy_ = false, quit_ = false;
+    int err_ = 0;
+    std::thread thread_{[this] { run(); }};  // last: everything it uses exists before it starts
+};
 
 std::string RandomSuffix() {
     static constexpr char kChars[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
@@ -143,26 +219,59 @@ SafeWriter::SafeWriter(std::string target) : target_(std::move(target)) {
 }
 
 SafeWriter::~SafeWriter() {
+    background_.reset();  // before its descriptor is closed
     if (fd_ >= 0) ::close(fd_);
     if (!temp_.empty()) ::unlink(temp_.c_str());
 }
 
 void SafeWriter::flush() {
     if (buffer_.empty()) return;
-    WriteAll(fd_, buffer_.data(), buffer_.size());
-    buffer_.clear();
+    handOver(buffer_);
+}
+
+// Bytes in the order written: through the background once it runs.
+void SafeWriter::handOver(std::string& bytes) {
+    if (background_) {
+        background_->hand(bytes);
+    } else {
+        WriteAll(fd_, bytes.data(), bytes.size());
+        bytes.clear();
+    }
 }
 
 void SafeWriter::write(std::string_view bytes) {
     if (fd_ < 0) throw FileError(ErrorText(EBADF));
     if (buffer_.size() + bytes.size() > kBuffer) flush();
-    if (bytes.size() >= kBuffer) WriteAll(fd_, bytes.data(), bytes.size());
-    else buffer_.append(bytes);
+    if (bytes.size() < kBuffer) {
+        buffer_.append(bytes);
+    } else if (background_) {
+        std::string copy(bytes);
+        background_->hand(copy);
+    } else {
+        WriteAll(fd_, bytes.data(), bytes.size());
+    }
+}
+
+void SafeWriter::writeSlice(std::string& slice) {
+    if (fd_ < 0) throw FileError(ErrorText(EBADF));
+    // Small files, and targets that are no regular files, as before.
+    if (!background_ && (temp_.empty() || slice.size() < kBackgroundSlice)) {
+        write(slice);
+        slice.clear();
+        return;
+    }
+    flush();
+    if (!background_) background_ = std::make_unique<Background>(fd_);
+    background_->hand(slice);
 }
 
 void SafeWriter::commit() {
     if (fd_ < 0) throw FileError(ErrorText(EBADF));
     flush();
+    if (background_) {
+        background_->drain();
+        background_.reset();
+    }
     if (!temp_.empty()) {
         if (existed_) {
             // The owner first: changing it may clear the set-id bits that the mode then restores.

@@ -208,7 +208,8 @@ void TrackPointLines(std::string& out, const TrackPoint& p, DayText& day) {
     out.append(buf, q);
 }
 
-// The writer works in slices so that a large store never sits twice in memory.
+// The writer works in slices so that a large store never sits twice in
+// memory. `emit` takes a slice and leaves the string empty for the next.
 template <typename Emit>
 void Produce(const Session& s, Emit emit) {
     // Slices of 256 KB: few writes, and a slice still in the cache when the
@@ -221,6 +222,7 @@ void Produce(const Session& s, Emit emit) {
         if (out.size() >= kSlice) {
             emit(out);
             out.clear();
+            out.reserve(kSlice + 4096);
         }
     };
     out += kHeader;
@@ -274,14 +276,14 @@ void Produce(const Session& s, Emit emit) {
 
 std::string GPXFileText(const Session& s) {
     std::string all;
-    Produce(s, [&](const std::string& part) { all += part; });
+    Produce(s, [&](std::string& part) { all += part; });
     return all;
 }
 
 void WriteGPXFile(Session& s, const std::string& path) {
     s.platform.setBusy(true);
     SafeWriter w(path);
-    Produce(s, [&](const std::string& part) { w.write(part); });
+    Produce(s, [&](std::string& part) { w.writeSlice(part); });
     w.commit();
     s.platform.setBusy(false);
     s.store.StatusText.set("Fertig");

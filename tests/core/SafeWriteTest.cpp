@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -221,6 +223,97 @@ TEST(SafeWrite, DevicesAndFifosAreWrittenDirectly) {
     EXPECT_EQ(got, text);
     EXPECT_TRUE(S_ISFIFO(Mode(fifo)));
     EXPECT_EQ(Temporaries(dir), 0);
+}
+
+// Text that tells where each of its bytes came from.
+std::string Pattern(char tag, size_t size) {
+    std::string t(size, tag);
+    for (size_t i = 0; i < size; i += 1000) t[i] = static_cast<char>('0' + i / 1000 % 10);
+    return t;
+}
+
+TEST(SafeWrite, LargeSlicesGoInOrderWithTheSmallWritesAroundThem) {
+    const fs::path dir = Folder("slices");
+    const fs::path target = dir / "gross.gpx";
+    Put(target, "bisher");
+    const size_t big = SafeWriter::kBackgroundSlice;
+    std::string expected;
+    {
+        SafeWriter w(target.string());
+        auto small = [&](const std::string& t) {
+            w.write(t);
+            expected += t;
+        };
+        auto slice = [&](std::string t) {
+            expected += t;
+            w.writeSlice(t);
+            EXPECT_TRUE(t.empty());
+        };
+        small("<kopf>");
+        slice(Pattern('a', 1000));         // small: written as before
+        slice(Pattern('b', big + 17));     // from here on in the background
+        small("<mitte>");                  // buffered behind it
+        small(Pattern('c', 100000));       // past the buffer: handed over as well
+        slice("kurz");
+        for (char c = 'd'; c < 'k'; ++c) slice(Pattern(c, big * 2 + static_cast<size_t>(c)));
+        small("</ende>");
+        EXPECT_EQ(Get(target), "bisher");  // nothing replaced before the commit
+        w.commit();
+    }
+    EXPECT_EQ(Get(target), expected);
+    EXPECT_EQ(Temporaries(dir), 0);
+
+    // Never committed: the old file stays and the temporary goes, background or not.
+    {
+        SafeWriter w(target.string());
+        std::string t = Pattern('x', big * 3);
+        w.writeSlice(t);
+        t = Pattern('y', big);
+        w.writeSlice(t);
+    }
+    EXPECT_EQ(Get(target), expected);
+    EXPECT_EQ(Temporaries(dir), 0);
+}
+
+TEST(SafeWrite, AFailedBackgroundWriteIsThrownByTheNextCall) {
+    const fs::path dir = Folder("background-failure");
+    const fs::path target = dir / "bleibt.gpx";
+    Put(target, "bisher");
+    // A file size limit makes the third slice fail (EFBIG; the signal ignored).
+    const size_t big = SafeWriter::kBackgroundSlice;
+    rlimit old {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldSignal = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit = old;
+    limit.rlim_cur = static_cast<rlim_t>(big * 2 + big / 2);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::string cause;
+    int accepted = 0;
+    try {
+        SafeWriter w(target.string());
+        for (int i = 0; i < 20; ++i) {
+            std::string t = Pattern('s', big);
+            w.writeSlice(t);
+            ++accepted;
+        }
+        w.commit();
+    } catch (const FileError& e) {
+        cause = e.what();
+    }
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldSignal);
+    EXPECT_EQ(cause, "Die Datei ist zu groß");
+    // Two slices fit, the third fails in the background; at most the two
+    // behind it (one waiting, one being written) are taken before the failure shows.
+    EXPECT_GE(accepted, 2);
+    EXPECT_LE(accepted, 5);
+    EXPECT_EQ(Get(target), "bisher");
+    EXPECT_EQ(Temporaries(dir), 0);
+
+    // A target that is no regular file fails at once, as before.
+    SafeWriter full("/dev/full");
+    std::string t = Pattern('f', big * 2);
+    EXPECT_THROW(full.writeSlice(t), FileError);
 }
 
 }  // namespace
