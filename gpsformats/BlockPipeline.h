@@ -14,18 +14,19 @@
 
 namespace ortelix {
 
-// `fill(block)` appends records to an empty block and returns false once the
-// source is exhausted (the block may then hold the last records). `take(r)`
+// `fill(block)` fills a block with the next records, overwriting what an
+// earlier fill left in it (records are reused, not made anew), leaves its
+// size at the number filled, and returns false once the source is exhausted
+// (the block may then hold the last records). `take(r)`
 // gets every record in order and returns false to stop early. An exception
 // of `fill` reaches the caller after the records filled before it were
 // taken; one of `take` stops the worker before it goes on. At most `blocks`
-// blocks of `blockSize` records exist at once.
+// blocks exist at once.
 template <typename Record, typename Fill, typename Take>
-void RunBlockPipeline(Fill fill, Take take, size_t blockSize = 1024, size_t blocks = 4) {
+void RunBlockPipeline(Fill fill, Take take, size_t blocks = 3) {
     std::mutex m;
     std::condition_variable cv;
     std::vector<std::vector<Record>> spare(blocks);
-    for (auto& b : spare) b.reserve(blockSize);
     std::deque<std::vector<Record>> full;
     bool done = false, stop = false;
     std::exception_ptr error;
@@ -41,7 +42,6 @@ void RunBlockPipeline(Fill fill, Take take, size_t blockSize = 1024, size_t bloc
                     b = std::move(spare.back());
                     spare.pop_back();
                 }
-                b.clear();
                 more = fill(b);
                 {
                     std::lock_guard lock(m);

@@ -632,8 +632,9 @@ private:
 // order, so the store is the same either way.
 void ReadGpxTracks(Session& s, const Doc& d) {
     // Blocks large enough that handing one over (a thread that sleeps and
-    // wakes) costs little beside reading its points.
-    constexpr size_t kBlock = 8192;
+    // wakes) costs little beside reading its points, and small enough that
+    // the blocks in flight stay in the cache.
+    constexpr size_t kBlock = 2048;
     GpxTrackWalk walk(d);
     GpxTrackTake take(s, d);
     if (d.text.size() < d.pipelineFrom) {
@@ -642,15 +643,13 @@ void ReadGpxTracks(Session& s, const Doc& d) {
     } else {
         RunBlockPipeline<TrackRead>(
             [&](std::vector<TrackRead>& block) {
-                while (block.size() < block.capacity()) {
-                    if (!walk.next(block.emplace_back())) {
-                        block.pop_back();
-                        return false;
-                    }
-                }
-                return true;
+                block.resize(kBlock);
+                size_t n = 0;
+                while (n < kBlock && walk.next(block[n])) ++n;
+                block.resize(n);
+                return n == kBlock;
             },
-            take, kBlock, 3);
+            take);
     }
     s.store.StatusText.set("Fertig");
 }

@@ -13,16 +13,29 @@
 namespace ortelix {
 namespace {
 
-// Fills blocks with 0, 1, 2, ... up to `count` (exclusive).
+// Fills blocks of `size` with 0, 1, 2, ... up to `count` (exclusive),
+// overwriting what the block held.
 struct Counter {
+    size_t size;
     int count;
     int next = 0;
     bool operator()(std::vector<int>& block) {
-        while (block.size() < block.capacity()) {
-            if (next == count) return false;
-            block.push_back(next++);
-        }
+        block.resize(size);
+        size_t n = 0;
+        while (n < size && next < count) block[n++] = next++;
+        block.resize(n);
         return next < count;
+    }
+};
+
+// An endless source of blocks of `size` ones; counts what it filled.
+struct Ones {
+    size_t size;
+    std::atomic<long>& filled;
+    bool operator()(std::vector<int>& block) {
+        block.assign(size, 1);
+        filled += static_cast<long>(size);
+        return true;
     }
 };
 
@@ -30,7 +43,7 @@ TEST(BlockPipeline, EveryRecordOnceInOrderWhateverTheBlockSize) {
     for (const size_t blockSize : {size_t{1}, size_t{3}, size_t{64}, size_t{5000}}) {
         for (const int count : {0, 1, 63, 64, 65, 10007}) {
             std::vector<int> got;
-            RunBlockPipeline<int>(Counter{count}, [&](int& r) { got.push_back(r); return true; }, blockSize, 2);
+            RunBlockPipeline<int>(Counter{blockSize, count}, [&](int& r) { got.push_back(r); return true; }, 2);
             ASSERT_EQ(got.size(), static_cast<size_t>(count)) << blockSize;
             for (int i = 0; i < count; ++i) ASSERT_EQ(got[static_cast<size_t>(i)], i) << blockSize;
         }
@@ -42,16 +55,13 @@ TEST(BlockPipeline, AnEarlyStopEndsTheWorkerWithinTheBlocksInFlight) {
     // would never be joined.
     std::atomic<long> filled{0};
     std::vector<int> got;
-    RunBlockPipeline<int>(
-        [&](std::vector<int>& block) {
-            while (block.size() < block.capacity()) block.push_back(static_cast<int>(filled++));
-            return true;
-        },
-        [&](int& r) {
-            got.push_back(r);
-            return r < 100;
-        },
-        16, 3);
+    int seen = 0;
+    RunBlockPipeline<int>(Ones{16, filled},
+                          [&](int& r) {
+                              got.push_back(seen++ * r);
+                              return seen <= 100;
+                          },
+                          3);
     ASSERT_EQ(got.size(), 101u);  // 0..100: the record that says stop is taken too
     EXPECT_EQ(got.back(), 100);
     // The worker fills at most the blocks that exist, then waits for a spare one.
@@ -64,29 +74,27 @@ TEST(BlockPipeline, FailuresReachTheCallerAfterTheRecordsBeforeThem) {
     int next = 0;
     EXPECT_THROW(RunBlockPipeline<int>(
                      [&](std::vector<int>& block) {
-                         while (block.size() < block.capacity()) {
+                         block.resize(8);
+                         for (int& r : block) {
                              if (next == 50) throw std::bad_alloc();
-                             block.push_back(next++);
+                             r = next++;
                          }
                          return true;
                      },
-                     [&](int& r) { got.push_back(r); return true; }, 8, 2),
+                     [&](int& r) { got.push_back(r); return true; }, 2),
                  std::bad_alloc);
     ASSERT_EQ(got.size(), 48u);  // six whole blocks; the seventh never arrived
     EXPECT_EQ(got.back(), 47);
 
     // A failure while taking stops an endless worker and leaves the pipeline.
+    std::atomic<long> filled{0};
     int taken = 0;
-    EXPECT_THROW(RunBlockPipeline<int>(
-                     [](std::vector<int>& block) {
-                         while (block.size() < block.capacity()) block.push_back(1);
-                         return true;
-                     },
-                     [&](int&) {
-                         if (++taken == 30) throw std::runtime_error("voll");
-                         return true;
-                     },
-                     4, 2),
+    EXPECT_THROW(RunBlockPipeline<int>(Ones{4, filled},
+                                       [&](int&) {
+                                           if (++taken == 30) throw std::runtime_error("voll");
+                                           return true;
+                                       },
+                                       2),
                  std::runtime_error);
     EXPECT_EQ(taken, 30);
 }

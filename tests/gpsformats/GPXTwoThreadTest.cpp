@@ -149,6 +149,8 @@ TEST(GPXTwoThreads, LatinFixesAndFaultyPointsComeThroughBothWays) {
         "<trkpt lat=\"\" lon=\"11.6\"/>"
         "<trkpt lat=\"nan\" lon=\"11.6\"/>"
         "<trkpt lat=\"48.6\" lon=\"11.7\"><time>2024-06-01T10:00:00Z</time><fix>3d</fix></trkpt>"
+        "<trkpt lat=\"48.7\" lon=\"11.8\"><sat>0000000012</sat><fix>differential</fix></trkpt>"
+        "<trkpt lat=\"48.8\" lon=\"11.9\"><sat>12345678</sat><fix>12345678</fix></trkpt>"
         "</trkseg></trk></gpx>";
     for (const size_t from : {size_t{1} << 30, size_t{0}}) {
         FakePlatform p;
@@ -157,11 +159,16 @@ TEST(GPXTwoThreads, LatinFixesAndFaultyPointsComeThroughBothWays) {
         ReadGPXText(s, text, from);
         ASSERT_EQ(s.store.Tracks.size(), 1u) << from;
         const auto& pts = s.store.Tracks[0].Points;
-        ASSERT_EQ(pts.size(), 2u) << from;
+        ASSERT_EQ(pts.size(), 4u) << from;
         EXPECT_EQ(pts[0].Fix.view(), "g\xC3\xA9") << from;  // decoded to UTF-8
         EXPECT_EQ(*pts[0].Sat, 4);
         EXPECT_EQ(pts[1].Fix.view(), "3d");
         EXPECT_EQ(*pts[1].Time_, 36000);
+        // Texts longer than the reader's own copies, and as long as they.
+        EXPECT_EQ(*pts[2].Sat, 12) << from;
+        EXPECT_EQ(pts[2].Fix.view(), "differ") << from;
+        EXPECT_EQ(*pts[3].Sat, 12345) << from;  // the count stops growing past four digits
+        EXPECT_EQ(pts[3].Fix.view(), "123456") << from;
         EXPECT_EQ(s.store.SkippedTrackPoints, 1) << from;  // the nan; the empty lat is no point at all
     }
 }
