@@ -502,14 +502,16 @@ constexpr std::string_view kTrkptChildren[] = {"ele", "speed", "course", "time",
 constexpr ChildNames kTrkptChildrenNames{kTrkptChildren};
 
 // What the walk over the GPX tracks meets, in file order: a track (its
-// name), a segment with points, a point (the texts of its position and
-// children), or a point without a position, which only counts for the
-// progress. The walk finds the texts; the numbers in them are read where
-// the record is taken, which shares the work evenly between two threads.
+// name), a segment with points, a point (its position and time read, the
+// texts of its other children), or a point without a position, which only
+// counts for the progress. The other numbers are read where the record is
+// taken: that shares the work about evenly between two threads.
 struct TrackRead {
     enum Kind : uint8_t { Track, Segment, Point, Unplaced };
     Kind kind = Point;
-    std::string_view lat, lon;
+    double lat = 0, lon = 0;
+    Date date;
+    Time time;
     std::string_view child[6];  // ele, speed, course, time, sat, fix: trimmed, free of CDATA
     size_t next = 0;            // behind the point: the pages before it may go
     Element seg;
@@ -547,6 +549,7 @@ public:
                     if (InnerText(d_.text, seg).empty()) continue;
                     ptPos_ = seg.begin;
                     segEnd_ = seg.end;
+                    day_ = {};
                     state_ = State::Points;
                     r.kind = TrackRead::Segment;
                     r.seg = seg;
@@ -560,11 +563,14 @@ public:
                     }
                     ptPos_ = pt.next;
                     r.next = pt.next;
-                    if (!PositionTexts(d_, pt, r.lat, r.lon)) {
+                    if (!Position(d_, pt, r.lon, r.lat)) {
                         r.kind = TrackRead::Unplaced;
                         return true;
                     }
                     r.kind = TrackRead::Point;
+                    const DateAndTime when = GpxTime(r.child[3], day_);
+                    r.date = when.date;
+                    r.time = when.time;
                     const std::string_view fix = d_.utf8(r.child[5], r.text);
                     r.fixDecoded = fix.data() != r.child[5].data();
                     return true;
@@ -579,6 +585,7 @@ private:
     State state_ = State::Tracks;
     size_t trkPos_ = 0, segPos_ = 0, ptPos_ = 0, segEnd_ = 0;
     Element trk_;
+    LastDay day_;
 };
 
 // Hands one record of the walk to the session: a new track per segment
@@ -593,7 +600,6 @@ public:
             case TrackRead::Segment:
                 if (s_.store.Tracks.empty() || s_.options.Check[12] == 0) NewTrack(s_.store, name_);
                 ReserveForSegment(s_.store.Tracks.back(), d_.closings, r.seg);
-                day_ = {};
                 break;
             case TrackRead::Unplaced:
                 s_.progress();
@@ -603,14 +609,13 @@ public:
                 s_.progress();
                 d_.passed(r.next);
                 TrackPointIn p;
-                p.lat = CoordinateValue(r.lat, false);
-                p.lon = CoordinateValue(r.lon, false);
+                p.lat = r.lat;
+                p.lon = r.lon;
                 p.alt = ParseAltitude(r.child[0]);
                 p.speed = SpeedFromMetresPerSecond(r.child[1]);
                 p.course = ParseCourse(r.child[2]);
-                const DateAndTime when = GpxTime(r.child[3], day_);
-                p.date = when.date;
-                p.time = when.time;
+                p.date = r.date;
+                p.time = r.time;
                 p.sat = r.child[4];
                 p.fix = r.fixDecoded ? std::string_view(r.text) : r.child[5];
                 AddTrackPoint(s_, p);
@@ -624,7 +629,6 @@ private:
     Session& s_;
     const Doc& d_;
     std::string name_;
-    LastDay day_;
 };
 
 // Every GPX track. A large file's walk runs on a second thread, a block of
