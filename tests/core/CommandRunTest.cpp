@@ -16,23 +16,16 @@
 #include "core/ReadFilter.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Folder(const std::string& name) {
-    fs::path dir = fs::path(ORTELIX_BUILD_DIR) / "test-commandrun" / name;
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-    return dir;
-}
+fs::path Folder(const std::string& name) { return testfiles::FreshFolder("test-commandrun", name); }
 
-std::string Put(const fs::path& p, const std::string& text) {
-    std::ofstream(p, std::ios::binary) << text;
-    return p.string();
-}
+using testfiles::Put;
 
 // `tracks` tracks of `points` points each, all on one day, and one waypoint.
 std::string Gpx(int tracks, int points, const std::string& day = "2024-06-01") {

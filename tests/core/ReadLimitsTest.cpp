@@ -15,20 +15,16 @@
 #include "core/FileIO.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Folder(const std::string& name) {
-    fs::path dir = fs::path(ORTELIX_BUILD_DIR) / "test-readlimits" / name;
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-    return dir;
-}
+fs::path Folder(const std::string& name) { return testfiles::FreshFolder("test-readlimits", name); }
 
-void Put(const fs::path& p, const std::string& text) { std::ofstream(p, std::ios::binary) << text; }
+using testfiles::Put;
 
 std::string Text(size_t n) {
     std::string t;

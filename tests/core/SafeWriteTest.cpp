@@ -15,20 +15,16 @@
 #include <unistd.h>
 
 #include "core/FileIO.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Folder(const std::string& name) {
-    fs::path dir = fs::path(ORTELIX_BUILD_DIR) / "test-safewrite" / name;
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-    return dir;
-}
+fs::path Folder(const std::string& name) { return testfiles::FreshFolder("test-safewrite", name); }
 
-void Put(const fs::path& p, const std::string& text) { std::ofstream(p, std::ios::binary) << text; }
+using testfiles::Put;
 
 std::string Get(const fs::path& p) { return ReadFileBytes(p.string()); }
 
@@ -110,7 +106,9 @@ TEST(SafeWrite, RewriteKeepsModeOwnerAndLinks) {
     Put(real, "alt");
     ASSERT_EQ(::chmod(real.c_str(), 0600), 0);
     const bool root = ::geteuid() == 0;
-    if (root) ASSERT_EQ(::chown(real.c_str(), 12345, 23456), 0);
+    if (root) {
+        ASSERT_EQ(::chown(real.c_str(), 12345, 23456), 0);
+    }
     fs::create_symlink("echt.plt", dir / "link.plt");  // relative, as users make them
 
     Write((dir / "link.plt").string(), "neu über den Link");

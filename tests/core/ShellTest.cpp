@@ -13,20 +13,16 @@
 #include "core/ModulMain.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path TestFolder(const std::string& name) {
-    fs::path dir = fs::path(ORTELIX_BUILD_DIR) / "test-shell" / name;
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-    return dir;
-}
+fs::path TestFolder(const std::string& name) { return testfiles::FreshFolder("test-shell", name); }
 
-void WriteText(const fs::path& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+void WriteText(const fs::path& path, const std::string& text) { testfiles::Put(path, text); }
 
 std::string Gpx(int points, const std::string& name) {
     std::string t = "<?xml version=\"1.0\"?>\n<gpx version=\"1.1\" creator=\"test\"><trk><name>" + name + "</name><trkseg>";
@@ -185,7 +181,9 @@ TEST(CommandTable, MenusHoldEveryCommandOnce) {
         for (int i = 0; i < 4; ++i)
             if (m.rfind(menus[i], 0) == 0) ++perMenu[i];
         if (m.empty()) ++perMenu[4];
-        if (c.kind == CommandKind::Read || c.kind == CommandKind::Write) EXPECT_FALSE(CommandTitle(c).empty());
+        if (c.kind == CommandKind::Read || c.kind == CommandKind::Write) {
+            EXPECT_FALSE(CommandTitle(c).empty());
+        }
     }
     EXPECT_EQ(perMenu[0], 62);
     EXPECT_EQ(perMenu[1], 42);
