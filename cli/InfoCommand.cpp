@@ -32,6 +32,8 @@ int InfoCommand(const std::vector<std::string>& args) {
     std::printf("Überspungene Trackpunkte: %d\n", st.SkippedTrackPoints);
     std::printf("Eingelesene Routen: %d\n", static_cast<int>(st.Routes.size()));
     std::printf("Eingelesene Routenpunkte: %lld\n", static_cast<long long>(st.RoutePointTotal()));
+    // The desktop's frame has no such line; the command line tells all it refused.
+    std::printf("Übersprungene Routenpunkte: %d\n", st.SkippedRoutePoints);
     std::printf("Eingelesene Wegepunkte: %d\n", static_cast<int>(st.WayPoints.size()));
     std::printf("Übersprungene Wegepunkte: %d\n", st.SkippedWayPoints);
     std::printf("Eingelesene Flächen: %d\n", static_cast<int>(st.Flaechen.size()));

@@ -109,6 +109,18 @@ TEST_F(Cli, ATargetThatNamesNoWriterOrIsAnInputIsRefused) {
     EXPECT_EQ(ortelix::ReadFileBytes(Path("tour1.plt")), plt);
 }
 
+TEST_F(Cli, InfoCountsWhatItRefused) {
+    const std::string in = File("fern.gpx",
+        "<gpx><trk><trkseg><trkpt lat=\"47.1\" lon=\"10.1\"/><trkpt lat=\"95\" lon=\"10.2\"/></trkseg></trk>"
+        "<rte><rtept lat=\"47\" lon=\"10\"/><rtept lat=\"nan\" lon=\"10\"/><rtept lat=\"47\" lon=\"1e309\"/></rte>"
+        "<wpt lat=\"-91\" lon=\"11\"/><wpt lat=\"48\" lon=\"11\"/></gpx>");
+    const Result r = Ortelix("info " + in);
+    EXPECT_EQ(r.code, 0) << r.out;
+    for (const char* line : {"Eingelesene Trackpunkte: 1\n", "Überspungene Trackpunkte: 1\n", "Eingelesene Routenpunkte: 1\n",
+                             "Übersprungene Routenpunkte: 2\n", "Eingelesene Wegepunkte: 1\n", "Übersprungene Wegepunkte: 1\n"})
+        EXPECT_TRUE(Has(r, line)) << line << r.out;
+}
+
 TEST_F(Cli, DevicesAndPipes) {
     const std::string in = File("a.gpx", kTrack);
     Result r = Ortelix("convert " + in + " /dev/full -o gpx");
