@@ -1,6 +1,7 @@
 #include "appformats/ModOziWaypoint.h"
 
 #include "appformats/ModOziNumbers.h"
+#include "core/Failure.h"
 #include "core/FileIO.h"
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
@@ -49,6 +50,12 @@ std::string OziWegepunkteText(const std::vector<const GeoPoint*>& points, bool f
     long long number = 0;
     for (const GeoPoint* p : points) WayPointLine(out, ++number, *p, fixedColours);
     return out;
+}
+
+void OziWegepunkteDateiSchreiben(Session& s, const std::string& file) {
+    if (file.empty()) return;
+    if (s.store.WayPoints.empty()) return ReportNothingToWrite(s);
+    OziWegepunkteSchreiben(s, file);
 }
 
 void OziWegepunkteSchreiben(Session& s, const std::string& file) {

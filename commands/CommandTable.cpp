@@ -170,7 +170,7 @@ const std::vector<Command>& CommandTable() {
         {"MenAusgangOziCERoute", "Route OziCE", "MenAusgang/OziExplorer", W, nullptr, "OziCE Route (*.rt2)|*.rt2",
          OziCERouteDateienSchreiben, "rt2", "ozi-rt2"},
         {"MenAusgangOziWayPoint", "Waypoint", "MenAusgang/OziExplorer", W, nullptr, "Ozi WayPoint (*.wpt)|*.wpt",
-         OziWegepunkteSchreiben, "wpt", "ozi-wpt"},
+         OziWegepunkteDateiSchreiben, "wpt", "ozi-wpt"},
         {"MenExpPathwaay", "ActiveSync", "MenAusgang/PathAway", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenExpPathAwayText", "Textdatei", "MenAusgang/PathAway", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenAusMagellan", "Magellan ASCII", "MenAusgang", W, nullptr, nullptr, nullptr, "", nullptr},
