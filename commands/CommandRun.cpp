@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "coordinates/ModPointInPolygon.h"
 #include "core/Failure.h"
 #include "core/ReadFilter.h"
 #include "core/ModulMain.h"
@@ -88,10 +89,9 @@ int BatchRead(Session& s, const std::vector<std::string>& paths) {
 
 void NeuCommand(Session& s, const std::string&) {
     ClearStore(s.store);
-    // The regions are made from the areas on first use and kept while their
-    // number stays; areas read after "Neu" must be tested, not the old ones.
-    s.coords.areaRegions.clear();
-    s.coords.areaRegion = {};
+    // The regions are kept while the number of areas stays; areas read after
+    // "Neu" must be tested, not the old ones.
+    AlleRegionenVergessen(s);
     ClearDates(s);
     s.UserAbort = false;
 }

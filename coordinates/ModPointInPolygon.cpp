@@ -154,6 +154,11 @@ bool PunktInFlaeche(const Session& s, double lon, double lat) {
     return PtInRegion(s.coords.areaRegion, GridCell(lon), GridCell(lat));
 }
 
+void AlleRegionenVergessen(Session& s) {
+    s.coords.areaRegions.clear();
+    s.coords.areaRegion = {};
+}
+
 void AlleRegionenBauen(Session& s) {
     s.coords.areaRegions.clear();
     s.coords.areaRegions.reserve(s.store.Flaechen.size());

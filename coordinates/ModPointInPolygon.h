@@ -31,6 +31,9 @@ bool PunktImPolygon(const Session& s, double lon, double lat);
 void FlaecheRegionBauen(Session& s, size_t index);
 bool PunktInFlaeche(const Session& s, double lon, double lat);
 void AlleRegionenBauen(Session& s);
+// Forgets the regions made from the store's areas, for a store cleared by
+// "Neu": areas read afterwards are built and tested afresh.
+void AlleRegionenVergessen(Session& s);
 bool PunktInEinerFlaeche(const Session& s, double lon, double lat);
 
 }  // namespace ortelix

@@ -161,12 +161,7 @@ MappedFile::~MappedFile() {
     ::munmap(const_cast<char*>(data_), size_);
 }
 
-void MappedFile::release(size_t upTo) const {
-    if (!mapped_) return;
-    const size_t page = 4096;
-    const size_t len = std::min(upTo, size_) / page * page;
-    if (len > 0) ::madvise(const_cast<char*>(data_), len, MADV_DONTNEED);
-}
+void MappedFile::release(size_t upTo) const { release(0, upTo); }
 
 void MappedFile::release(size_t from, size_t upTo) const {
     if (!mapped_) return;

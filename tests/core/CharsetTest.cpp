@@ -4,20 +4,12 @@
 #include <string>
 
 #include "core/Charset.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
 
-// The UTF-16 units of a text, as bytes in the given order.
-std::string Units(std::u16string_view text, bool big) {
-    std::string out;
-    for (char16_t u : text) {
-        const char hi = static_cast<char>(u >> 8), lo = static_cast<char>(u & 0xFF);
-        out += big ? hi : lo;
-        out += big ? lo : hi;
-    }
-    return out;
-}
+std::string Units(std::u16string_view text, bool big) { return testfiles::Utf16Bytes(text, big); }
 
 TEST(Charset, Utf16InBothOrders) {
     // "Zürich €" and G clef (U+1D11E, a surrogate pair), with the mark.

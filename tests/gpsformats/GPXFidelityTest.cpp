@@ -10,6 +10,7 @@
 #include "core/ReadFilter.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 #include "gpsformats/GPX.h"
 
 namespace fs = std::filesystem;
@@ -38,14 +39,7 @@ protected:
 
 // UTF-8 text (ASCII and the characters below) as UTF-16 units in either order.
 std::string AsUtf16(const std::u16string& text, bool big, bool mark) {
-    std::string out;
-    std::u16string all = mark ? u"\uFEFF" + text : text;
-    for (char16_t u : all) {
-        const char hi = static_cast<char>(u >> 8), lo = static_cast<char>(u & 0xFF);
-        out += big ? hi : lo;
-        out += big ? lo : hi;
-    }
-    return out;
+    return testfiles::Utf16Bytes(mark ? u"\uFEFF" + text : text, big);
 }
 
 TEST_F(GPXFidelity, Utf16FilesAreDecodedAndRead) {

@@ -136,9 +136,14 @@ TEST(GPXTwoThreads, TheStoreIsTheSameAsWithOneThread) {
             EXPECT_EQ(st.Tracks[2].Name, "Zweite");
             EXPECT_TRUE(st.Tracks[3].Points.empty());
         }
-        if (set.joinSegments) EXPECT_EQ(st.Tracks.size(), 1u);
-        if (set.pauseWayPoints) EXPECT_GT(st.WayPoints.size(), 10u);  // start and pauses
-        else EXPECT_TRUE(st.WayPoints.empty());
+        if (set.joinSegments) {
+            EXPECT_EQ(st.Tracks.size(), 1u);
+        }
+        if (set.pauseWayPoints) {
+            EXPECT_GT(st.WayPoints.size(), 10u);  // start and pauses
+        } else {
+            EXPECT_TRUE(st.WayPoints.empty());
+        }
     }
 }
 
@@ -226,8 +231,9 @@ TEST(GPXTwoThreads, TheSurveysGuessAtTheMiddleIsCheckedAgainstTheFirstHalf) {
         ASSERT_GE(pa.datesAsked.size(), 4u);
         EXPECT_EQ(pa.datesAsked, pb.datesAsked);
         EXPECT_EQ(pa.datesAsked.back(), "2024-09-09");  // the last point's day, found by the second half
-        if (c.onlyOneThreadNotes)
+        if (c.onlyOneThreadNotes) {
             EXPECT_NE(std::find(pa.datesAsked.begin(), pa.datesAsked.end(), c.onlyOneThreadNotes), pa.datesAsked.end());
+        }
         ExpectSameStore(one.store, two.store);
     }
 }
