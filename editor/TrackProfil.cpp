@@ -1,0 +1,45 @@
+#include "editor/TrackProfil.h"
+
+#include <cmath>
+
+#include "core/Session.h"
+
+namespace ortelix {
+
+namespace {
+
+// The whole part as the drawing takes it: rounded down, held inside the int
+// range so that a length or altitude far off cannot reach an undefined cast.
+int WholePart(double v) {
+    if (!(v > -2e9)) return -2000000000;
+    if (v > 2e9) return 2000000000;
+    return static_cast<int>(std::floor(v));
+}
+
+}  // namespace
+
+ProfilDrawing ProfilOf(const Track& track, Session* progress) {
+    ProfilDrawing d;
+    if (track.Points.empty()) return d;
+    d.width = WholePart(track.Points.back().DistKm * 10);
+    const int h = d.height;
+
+    for (int y = h; y >= 0; y -= 100) d.lines.push_back({0, y, 10, y, kProfilBlue});
+    for (int x = 0; x <= d.width; x += 10) d.lines.push_back({x, h - 50, x, h, kProfilGreen});
+
+    int atX = 0, atY = h;
+    bool first = true;
+    for (const TrackPoint& p : track.Points) {
+        const int x = WholePart(p.DistKm * 10);
+        const int y = h - p.Alt.valueOr(0);  // an empty altitude is drawn as 0 m
+        // The first line is drawn even when it has no length: it marks the start.
+        if (first || x != atX || y != atY) d.lines.push_back({atX, atY, x, y, kProfilRed});
+        first = false;
+        atX = x;
+        atY = y;
+        if (progress) progress->progress();
+    }
+    return d;
+}
+
+}  // namespace ortelix

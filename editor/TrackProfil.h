@@ -1,0 +1,40 @@
+#pragma once
+// The height profile of one track as data: the lines that the track analysis
+// window draws, in the profile's own units. One unit across is 100 metres of
+// track, one unit down is a metre of altitude, 0 m on the bottom edge (y = 500).
+// The height range is fixed; altitudes above 500 m leave the surface at the top.
+#include <cstdint>
+#include <vector>
+
+#include "core/ModulArray.h"
+
+namespace ortelix {
+
+class Session;
+
+// Colours as the drawing routines of the original layout give them: 0x00BBGGRR.
+inline constexpr int32_t kProfilBlue = 16711680;
+inline constexpr int32_t kProfilGreen = 65280;
+inline constexpr int32_t kProfilRed = 255;
+
+inline constexpr int kProfilHeight = 500;
+
+struct ProfilLine {
+    int x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    int32_t colour = 0;
+    friend bool operator==(const ProfilLine&, const ProfilLine&) = default;
+};
+
+struct ProfilDrawing {
+    int width = 0;  // whole part of the track's length in km times 10
+    int height = kProfilHeight;
+    // Height marks (blue), then kilometre marks (green), then the track (red),
+    // in drawing order.
+    std::vector<ProfilLine> lines;
+};
+
+// The drawing of a track whose DistKm values are filled. A step that stays on
+// the same profile unit as the one before draws nothing and is left out.
+ProfilDrawing ProfilOf(const Track& track, Session* progress = nullptr);
+
+}  // namespace ortelix
