@@ -50,6 +50,9 @@ public:
     virtual bool yield() = 0;
     // Seconds on a steady clock; the fake advances it when waited on.
     virtual double now() = 0;
+    // The wall clock: local date and time as a moment, days since 1899-12-30
+    // (the fake starts at a fixed day and moves with its clock).
+    virtual double localNow() = 0;
 
     virtual std::string clipboardText() = 0;
     virtual void setClipboardText(const std::string& text) = 0;

@@ -1,6 +1,7 @@
 #include "platform/QtCommon.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
 #include <QUrl>
@@ -64,6 +65,13 @@ std::string ProgramFolder() {
         if (QDir(candidate).exists()) return QDir(candidate).canonicalPath().toStdString();
     }
     return (app + "/data").toStdString();
+}
+
+double LocalNow() {
+    // Days since 1899-12-30 and the fraction of the day, in local time.
+    const QDate kDayZero(1899, 12, 30);
+    const QDateTime now = QDateTime::currentDateTime();
+    return static_cast<double>(kDayZero.daysTo(now.date())) + now.time().msecsSinceStartOfDay() / 86400000.0;
 }
 
 std::string TempFolder() {

@@ -15,6 +15,9 @@ std::string SettingsProblem();
 // The path of the settings file, for messages and tests.
 std::string SettingsPath();
 
+// The local date and time now, as days since 1899-12-30.
+double LocalNow();
+
 // A file or a link opened with the system's association.
 bool OpenWithSystem(const std::string& pathOrLink);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
 
 namespace ortelix {
@@ -34,6 +35,7 @@ public:
     void setBusy(bool) override {}
     bool yield() override { return false; }
     double now() override;
+    double localNow() override { return qtcommon::LocalNow(); }
     std::string clipboardText() override { return {}; }
     void setClipboardText(const std::string&) override {}
     std::optional<Picture> clipboardPicture() override { return std::nullopt; }

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 
 #include "platform/Platform.h"
+#include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
 
 class QString;
@@ -34,6 +35,7 @@ public:
     void setBusy(bool busy) override;
     bool yield() override;
     double now() override;
+    double localNow() override { return qtcommon::LocalNow(); }
     std::string clipboardText() override;
     void setClipboardText(const std::string& text) override;
     std::optional<Picture> clipboardPicture() override;

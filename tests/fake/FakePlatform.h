@@ -67,6 +67,8 @@ public:
         return rightButtonDown;
     }
     double now() override { return clock; }
+    double localStart = 45444.5;  // 2024-06-01 12:00:00 when the clock reads 0
+    double localNow() override { return localStart + clock / 86400; }
     std::string clipboardText() override { return clipboard; }
     void setClipboardText(const std::string& text) override { clipboard = text; }
     std::optional<Picture> clipboardPicture() override { return std::nullopt; }
