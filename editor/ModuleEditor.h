@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "editor/EditorColumns.h"
+#include "editor/EditorLists.h"
 #include "editor/EditorWindow.h"
 #include "editor/TrackWalk.h"
 
@@ -34,12 +35,6 @@ struct GridRect {
 struct CellColours {
     int32_t fore = 0;
     int32_t back = 65535;
-};
-
-// What the list boxes and counters show.
-struct EditorLists {
-    int trackCount = 0, routeCount = 0, wayPointCount = 0;
-    std::vector<std::string> tracks, routes;  // entries "1".."n"
 };
 
 // The totals of the last track fill, for the analysis window.
