@@ -4,6 +4,7 @@
 #include "commands/LineReaders.h"
 #include "commands/CommandRun.h"
 #include "gpsformats/GPX.h"
+#include "gpsformats/Nmea.h"
 
 namespace ortelix {
 
@@ -66,7 +67,8 @@ const std::vector<Command>& CommandTable() {
          "PCX5 File (*.grm)|*.grm|PCX5 File (*.trk)|*.trk|PCX5 File (*.rte)|*.rte|Alle Dateien (*.*)|*.*", nullptr, "", nullptr},
         {"MenEinWPPlus", "Waypoint+", "MenEingang", R, "Waypoint+ Textdatei auswählen",
          "Waypoint Text (*.txt)|*.txt|Alle Dateien (*.*)|*.*", nullptr, "", nullptr},
-        {"MenEinNMEA", "NMEA Log", "MenEingang", R, "NMEA Log-Datei auswählen", kNmeaFilter, nullptr, "", nullptr},
+        {"MenEinNMEA", "NMEA Log", "MenEingang", R, "NMEA Log-Datei auswählen", kNmeaFilter,
+         [](Session& s, const std::string& p) { ReadTrackFile(s, p, 1); }, "nmea pgl log", "nmea"},
         {"MenEinSIRF", "SIRF Log", "MenEingang", R, "SIRF-Log Datei auswählen",
          "SIRF-Log Datei (*.pgl)|*.pgl|Alle Dateien (*.*)|*.*", nullptr, "", nullptr},
         {"MenEinBlue", "BlueGPS", "MenEingang", R, "RoyalTek RBT-3000 ASCII Tracks auswählen",
@@ -143,8 +145,8 @@ const std::vector<Command>& CommandTable() {
         // Readers that only batch reading calls: the one-pass NMEA log
         // (ReadTrackFile format 2), waypoints format 2, the MagicMaps path
         // with meridian 9 as tracks, and TTQV without questions.
-        {"BatchNMEALog", "NMEA Log", nullptr, R, "NMEA Log-Datei auswählen", kNmeaFilter, nullptr, "", nullptr,
-         "nmea pgl log"},
+        {"BatchNMEALog", "NMEA Log", nullptr, R, "NMEA Log-Datei auswählen", kNmeaFilter,
+         [](Session& s, const std::string& p) { ReadTrackFile(s, p, 2); }, "", nullptr, "nmea pgl log"},
         {"BatchWayPointAsc", "Waypoint", nullptr, R, nullptr, nullptr, nullptr, "", nullptr, "asc"},
         {"BatchMagMapPfad", "MagicMaps Pfad", nullptr, R, "MagicMaps Pfad einlesen", kPthFilter, nullptr, "", nullptr, "pth"},
         {"BatchTTQV", "TTQV", nullptr, R, "TTQV Datenbank auswählen", kTtqvFilter, nullptr, "", nullptr, "qu2 qu3 qu4"},
@@ -158,8 +160,10 @@ const std::vector<Command>& CommandTable() {
          nullptr, "", nullptr},
         {"MenAusWpPlus", "Waypoint+", "MenAusgang", W, "Waypoint+ Textdatei angeben", "Waypoint Text (*.txt)|*.txt",
          nullptr, "", nullptr},
-        {"MenAusgangNMEA", "NMEA-Log", "MenAusgang", W, "NMEA Datei angeben",
-         "NMEA-Log (*.nmea)|*.nmea|NMEA-TomTom (*.pgl)|*.pgl|NMEA-MN4 (*.txt)|*.txt", nullptr, "", nullptr},
+        // The log asks for the track first and proposes a name from it: it
+        // runs its own dialog. The command line writes through the two rows
+        // of the writers that only it calls, below.
+        {"MenAusgangNMEA", "NMEA-Log", "MenAusgang", A, kNmeaLogTitle, kNmeaLogFilter, NmeaLogCommand, "", nullptr},
         {"MenAusgangBlue", "BlueGPS", "MenAusgang", W, nullptr, "BlueGPS File (*.txt)|*.txt", nullptr, "", nullptr},
         {"MenAusOziAllesSpeichern", "Alles speichern", "MenAusgang/OziExplorer", W, "Ozi Explorer Export",
          "Dateienname (*.*)|*.*", OziExportieren, "", "ozi"},
@@ -218,17 +222,22 @@ const std::vector<Command>& CommandTable() {
         {"MenAusgangGPSBabelWP", "Waypoint", "MenAusgang/Externe Konverter", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenAusgangST2GPX", "ST2GPX MS-Autoroute", "MenAusgang/Externe Konverter", W, nullptr, nullptr, nullptr, "", nullptr},
 
+        // Writers that only the command line calls: the NMEA log by name or
+        // extension, plain or TomTom's.
+        {"AusNMEALog", "NMEA-Log", nullptr, W, kNmeaLogTitle, kNmeaLogFilter, WriteNmeaLogPlain, "nmea", "nmea"},
+        {"AusNMEALogTomTom", "NMEA-TomTom", nullptr, W, kNmeaLogTitle, kNmeaLogFilter, WriteNmeaLogTomTom, "pgl", "pgl"},
+
         // Tools
         {"MenToolsMapExp", "Kartenexport", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
         {"MenToolsFlAusTracks", "Tracks", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
         {"MenToolsFlAusRouten", "Routen", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
         {"MenToolsFlAusWP", "Waypoints", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
         {"MenToolsNMEASim", "NMEA Simulator", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsNMEAFilter", "NMEA Filter", "MenTools", A, nullptr, nullptr, nullptr, "", nullptr},
+        {"MenToolsNMEAFilter", "NMEA Filter", "MenTools", A, nullptr, nullptr, NmeaFilterCommand, "", nullptr},
         {"MenToolsTTBitmap", "TomTom Bitmap", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
         {"TTVoice", "Stimmen TomTom 3 nach TomTom  5", "MenTools", A, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsLF2CRLF", "LF zu CRLF", "MenTools", A, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsCRLF2LF", "CRLF zu LF", "MenTools", A, nullptr, nullptr, nullptr, "", nullptr},
+        {"MenToolsLF2CRLF", "LF zu CRLF", "MenTools", A, nullptr, nullptr, LfToCrLf, "", nullptr},
+        {"MenToolsCRLF2LF", "CRLF zu LF", "MenTools", A, nullptr, nullptr, CrLfToLf, "", nullptr},
         {"MenEinEditor", "Editor", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
 
         // Einstellungen: each shows its settings frame

@@ -2,6 +2,7 @@
 
 #include "appformats/ModOzi.h"
 #include "core/FileIO.h"
+#include "gpsformats/Nmea.h"
 
 namespace ortelix {
 
@@ -10,6 +11,8 @@ namespace {
 }  // namespace
 
 void ReadTrackFile(Session& s, const std::string& path, int format) {
+    if (format == 1) return ReadNmeaLog(s, path, true);
+    if (format == 2) return ReadNmeaLog(s, path, false);
     if (format == 4) return OziTrackLesen(s, path);
     NotBuilt();
 }
