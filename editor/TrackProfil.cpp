@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/Session.h"
+#include "editor/ModuleEditor.h"
 
 namespace ortelix {
 
@@ -40,6 +41,13 @@ ProfilDrawing ProfilOf(const Track& track, Session* progress) {
         if (progress) progress->progress();
     }
     return d;
+}
+
+ProfilDrawing TrackProfil(Session& session, ModuleEditor& editor, int track) {
+    if (track < 0 || static_cast<size_t>(track) >= session.store.Tracks.size()) return {};
+    int seite = editor.view() == EditorView::Track && editor.element() == track ? editor.seite() : 0;
+    editor.FillTrackGrid(track, seite);
+    return ProfilOf(session.store.Tracks[static_cast<size_t>(track)], &session);
 }
 
 }  // namespace ortelix

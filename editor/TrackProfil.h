@@ -11,6 +11,7 @@
 namespace ortelix {
 
 class Session;
+class ModuleEditor;
 
 // Colours as the drawing routines of the original layout give them: 0x00BBGGRR.
 inline constexpr int32_t kProfilBlue = 16711680;
@@ -36,5 +37,11 @@ struct ProfilDrawing {
 // The drawing of a track whose DistKm values are filled. A step that stays on
 // the same profile unit as the one before draws nothing and is left out.
 ProfilDrawing ProfilOf(const Track& track, Session* progress = nullptr);
+
+// TrackProfil: the drawing of track `track` (0-based). The editor's track
+// fill runs first, so that the lengths are there: the grid shows that track
+// afterwards (in the window it showed, if it showed that track). Empty
+// (width 0, no lines) when there is no such track or it has no points.
+ProfilDrawing TrackProfil(Session& session, ModuleEditor& editor, int track);
 
 }  // namespace ortelix

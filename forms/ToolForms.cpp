@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "forms/FormEditor.h"
+
 namespace ortelix {
 
 const std::vector<ToolForm>& ToolForms() {
@@ -9,7 +11,7 @@ const std::vector<ToolForm>& ToolForms() {
         {"MenToolsMapExp", nullptr},
         {"MenToolsNMEASim", nullptr},
         {"MenToolsTTBitmap", nullptr},
-        {"MenEinEditor", nullptr},
+        {"MenEinEditor", &FormEditor::open},
     };
     return forms;
 }

@@ -1,7 +1,13 @@
 // The height profile as data: scale, marks and the red line in profile units.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <numbers>
+
+#include "core/Session.h"
+#include "editor/ModuleEditor.h"
 #include "editor/TrackProfil.h"
+#include "fake/FakePlatform.h"
 
 namespace ortelix {
 namespace {
@@ -83,6 +89,60 @@ TEST(TrackProfil, ATrackWithoutPointsOrLengthDrawsOnlyWhatItHas) {
     EXPECT_EQ(OfColour(d, kProfilRed), (std::vector<ProfilLine>{{0, 500, 0, 300, kProfilRed},
                                                                 {0, 300, 0, 200, kProfilRed},
                                                                 {0, 200, 0, 400, kProfilRed}}));
+}
+
+// A track laid along the meridian of 10°E from 50°N, `metres` apart as a
+// sphere of the earth's mean radius counts them: the ellipsoid of the
+// distance routine measures a few metres less on 4.5 km, far from a unit.
+Track NorthTrack(std::initializer_list<std::pair<double, OptInt>> points) {
+    Track t;
+    int seconds = 36000;
+    for (const auto& [north, alt] : points) {
+        TrackPoint p;
+        p.Lon = 10;
+        p.Lat = 50 + north / 6371000.0 * 180.0 / std::numbers::pi;
+        p.Date_ = 38764;
+        p.Time_ = seconds;
+        seconds += 60;
+        p.Alt = alt;
+        t.Points.push_back(p);
+    }
+    return t;
+}
+
+TEST(TrackProfil, RunsTheTrackFillFirstSoThatAnUnfilledTrackGetsItsScale) {
+    FakePlatform platform;
+    Session s(platform);
+    s.store.Tracks.push_back(NorthTrack({{0, 120}, {2000, {}}, {4550, 300}}));
+    s.store.Tracks.push_back(NorthTrack({{0, 10}, {1000, 20}}));
+    ASSERT_EQ(s.store.Tracks[0].Points.back().DistKm, 0);  // nothing filled yet
+    ModuleEditor editor(s);
+    editor.showTrack(1);
+
+    const ProfilDrawing d = TrackProfil(s, editor, 0);
+    EXPECT_NEAR(s.store.Tracks[0].Points.back().DistKm, 4.55, 0.01);
+    EXPECT_EQ(d.width, 45);
+    std::vector<int> kmMarks;
+    for (const ProfilLine& l : OfColour(d, kProfilGreen)) kmMarks.push_back(l.x1);
+    EXPECT_EQ(kmMarks, (std::vector<int>{0, 10, 20, 30, 40}));
+    // The point without altitude is drawn on the bottom edge.
+    const std::vector<ProfilLine> red = OfColour(d, kProfilRed);
+    ASSERT_EQ(red.size(), 3u);
+    EXPECT_EQ(red[0], (ProfilLine{0, 500, 0, 380, kProfilRed}));
+    EXPECT_EQ(red[1].y2, 500);
+    EXPECT_EQ(red[1].x2, static_cast<int>(std::floor(s.store.Tracks[0].Points[1].DistKm * 10)));
+    EXPECT_EQ(red[2], (ProfilLine{red[1].x2, 500, 45, 200, kProfilRed}));
+    // The grid shows the drawn track afterwards.
+    EXPECT_EQ(editor.view(), EditorView::Track);
+    EXPECT_EQ(editor.element(), 0);
+    EXPECT_EQ(editor.rowCount(), 3);
+
+    // No such track, or a track without points: nothing to draw.
+    EXPECT_TRUE(TrackProfil(s, editor, 2).lines.empty());
+    EXPECT_TRUE(TrackProfil(s, editor, -1).lines.empty());
+    s.store.Tracks.push_back(Track{});
+    EXPECT_EQ(TrackProfil(s, editor, 2).width, 0);
+    EXPECT_TRUE(TrackProfil(s, editor, 2).lines.empty());
 }
 
 }  // namespace
