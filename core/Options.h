@@ -43,6 +43,8 @@ struct Options {
     std::array<int, 1> NMEASimList{4};
     std::string NMEASimFaktor = "1";
     std::string ComPort;
+    // Its "Datum" and "Zeit" boxes ("YYYY-mm-dd", "hh:mm:ss"); not saved.
+    std::string NMEABoxDate, NMEABoxTime;
 
     // A number field read with the leading-number rule, as the readers do.
     double Number(int karteKoordIndex) const;

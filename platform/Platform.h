@@ -53,6 +53,12 @@ public:
     // The wall clock: local date and time as a moment, days since 1899-12-30
     // (the fake starts at a fixed day and moves with its clock).
     virtual double localNow() = 0;
+    // Waits for the seconds on the clock of now(): the command line sleeps,
+    // the fake moves its clock. Here: giving the event loop time until then.
+    virtual void sleep(double seconds) {
+        const double end = now() + seconds;
+        while (now() < end) yield();
+    }
 
     virtual std::string clipboardText() = 0;
     virtual void setClipboardText(const std::string& text) = 0;

@@ -83,14 +83,35 @@ public:
         opened.push_back(p);
         return true;
     }
-    bool serialOpen(const std::string&, const std::string&) override { return serialIsOpen = true; }
+    void sleep(double seconds) override {
+        if (seconds > 0) clock += seconds;
+        ++sleeps;
+    }
+    int sleeps = 0;
+    // The serial port: what was opened with which settings; a port that fails.
+    std::string serialDevice, serialSettings;
+    bool serialOpenFails = false;
+    bool serialOpen(const std::string& device, const std::string& settings) override {
+        serialDevice = device;
+        serialSettings = settings;
+        return serialIsOpen = !serialOpenFails;
+    }
     bool serialWrite(const std::string& bytes) override {
         serialBytes += bytes;
         return serialIsOpen;
     }
     void serialClose() override { serialIsOpen = false; }
     std::vector<std::string> serialPorts() override { return {"/dev/pts/fake"}; }
-    bool joystick(int&, int&, int&) override { return false; }
+    // A joystick at rest in the middle until a test moves it; none unless present.
+    bool joystickPresent = false;
+    int joyX = 32768, joyY = 32768, joyButtons = 0;
+    bool joystick(int& x, int& y, int& b) override {
+        if (!joystickPresent) return false;
+        x = joyX;
+        y = joyY;
+        b = joyButtons;
+        return true;
+    }
     std::string programFolder() override { return dataFolder; }
     std::string tempFolder() override { return temp; }
 };
