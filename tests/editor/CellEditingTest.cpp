@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Session.h"
+#include "editor/CellEditKeys.h"
 #include "editor/EditorTestSupport.h"
 #include "editor/GridChecks.h"
 #include "editor/ModuleEditor.h"
@@ -164,6 +165,23 @@ TEST(GridChecks, EmptyTextGivesEmptyAndNumbersFollowTheWholePartRule) {
     EXPECT_EQ(CheckAlt("99999999999"), OptInt(2147483647));
     EXPECT_TRUE(CheckDate("morgen").empty());
     EXPECT_TRUE(CheckTime("12 Uhr").empty());
+}
+
+TEST(CellEditKeys, ModifiersAndControlKeysStayOnTheGridDeleteClearsOthersOpenTheEditor) {
+    for (int key : {8, 9, 13, 16, 17, 18}) EXPECT_EQ(GridKeyActionFor(key), GridKeyAction::None) << key;
+    EXPECT_EQ(GridKeyActionFor(46), GridKeyAction::Delete);
+    for (int key : {32, 48, 57, 65, 90, 113, 187}) EXPECT_EQ(GridKeyActionFor(key), GridKeyAction::Edit) << key;
+
+    const EditStart digit = EditStartFor('7', "12.5");
+    EXPECT_EQ(digit.text, "7");
+    EXPECT_EQ(digit.caret, 1);
+    EXPECT_EQ(EditStartFor('Q', "Name").text, "Q");
+    // Keys beside the digits and letters (blank, F2, the comma key) keep the text.
+    for (int key : {32, 47, 58, 64, 91, 113, 188}) {
+        const EditStart e = EditStartFor(key, "12.5");
+        EXPECT_EQ(e.text, "12.5") << key;
+        EXPECT_EQ(e.caret, 0) << key;
+    }
 }
 
 }  // namespace
