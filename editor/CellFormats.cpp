@@ -88,10 +88,12 @@ std::string PauseText(int64_t seconds) {
     return out;
 }
 
+// Fifteen significant digits, as a double's text has always read: a speed
+// of 3.5 m/s stored as 12.600000000000001 km/h shows as 12.6.
 std::string NumberText(double v) {
     if (!std::isfinite(v)) return {};
     char buf[40];
-    const auto r = std::to_chars(buf, buf + sizeof buf, v);
+    const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, 15);
     std::string out(buf, r.ptr);
     if (out == "-0") out = "0";
     return out;

@@ -18,8 +18,8 @@ std::string GermanMoment(int64_t seconds);
 // "h:nn:ss" and "h:nn": hours without days, so 25 hours read as 1:00:00.
 std::string DurationText(int64_t seconds);
 std::string PauseText(int64_t seconds);
-// A stored number as text: whole numbers without decimals, others with the
-// shortest decimals that read back the same; "" when empty.
+// A stored number as text: whole numbers without decimals, others with up
+// to 15 significant digits and a point; "" when empty.
 std::string NumberText(double v);
 std::string NumberText(OptDouble v);
 std::string NumberText(OptInt v);

@@ -142,6 +142,16 @@ TEST_F(TrackStatistics, DurationsShowNoDaysAndTheSpeedOfTheWalkWaitsTenSeconds) 
     EXPECT_EQ(DurationText(25 * 3600 + 61), "1:01:01");
     EXPECT_EQ(DurationText(10 * 3600), "10:00:00");
     EXPECT_EQ(PauseText(3600 + 59 * 60 + 59), "1:59");
+    EXPECT_EQ(DurationText(-6 * 3600), "6:00:00");
+    // Stored numbers: whole ones bare, others to 15 digits with a point.
+    EXPECT_EQ(NumberText(3.5 * 3.6), "12.6");
+    EXPECT_EQ(NumberText(OptDouble(2000)), "2000");
+    EXPECT_EQ(NumberText(OptDouble(-0.0)), "0");
+    EXPECT_EQ(NumberText(OptDouble()), "");
+    EXPECT_EQ(NumberText(OptInt(-100)), "-100");
+    EXPECT_EQ(GermanDate(SerialFromCivil(812, 3, 1)), "01.03.0812");
+    EXPECT_EQ(GermanTime(Time(0)), "00:00:00");
+    EXPECT_EQ(GermanMoment(-1), "29.12.1899 23:59:59");
 
     // TrackRun's own speed: evaluated only when more than ten seconds have
     // passed since the last evaluation, then over the whole stretch since.
