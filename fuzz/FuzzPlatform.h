@@ -20,6 +20,7 @@ public:
     void setBusy(bool) override {}
     bool yield() override { return false; }
     double now() override { return clock_ += 0.001; }
+    double localNow() override { return 45444.5 + clock_ / 86400; }
     std::string clipboardText() override { return {}; }
     void setClipboardText(const std::string&) override {}
     std::optional<Picture> clipboardPicture() override { return std::nullopt; }
