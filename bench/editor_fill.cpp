@@ -22,7 +22,7 @@ constexpr int kPoints = 1000000;
 // this builds whether or not that platform names it yet.
 class BenchPlatform : public FuzzPlatform {
 public:
-    double localNow() { return 0; }  // NOLINT: overrides where the interface has it
+    double localNow() override { return 0; }
 };
 
 // A walk north-east at about 18 km/h, a fix a second, with a stay of ten
