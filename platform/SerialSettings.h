@@ -1,29 +1,54 @@
 #pragma once
 // Serial devices on Linux: "COM" ports are device paths (/dev/ttyUSB0,
-// /dev/pts/N); settings come as "4800,n,8,1".
+// /dev/pts/N); settings come as "4800,n,8,1". Both platforms open them with
+// QSerialPort, which also takes pseudo-terminals.
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
+
+class QSerialPort;
 
 namespace ortelix {
 
-// Opens and configures the device; -1 when it cannot.
-int OpenSerialDevice(const std::string& device, const std::string& settings);
+// "baud,parity,data bits,stop bits"; parity n, e, o, m or s.
+struct SerialSettings {
+    int baud = 4800;
+    char parity = 'n';
+    int dataBits = 8;
+    int stopBits = 1;
+};
+// False when the text is not of that form or names what a port cannot do.
+bool ParseSerialSettings(std::string_view text, SerialSettings& out);
+
+// The machine's serial devices: what QSerialPortInfo finds, and a glance at
+// /dev for /dev/ttyUSB*, /dev/ttyACM* and the /dev/ttyS* that have a UART
+// behind them. Sorted, with numbers in their order (ttyS2 before ttyS10).
 std::vector<std::string> ListSerialDevices();
+// The same from a given folder listing and the ports found otherwise: the
+// part of the work that does not ask the system.
+std::vector<std::string> SerialDeviceList(const std::vector<std::string>& devEntries,
+                                          const std::vector<std::string>& found,
+                                          bool (*hasUart)(const std::string& name));
 
 // One open serial device; closed when replaced or destroyed.
 class SerialDevice {
 public:
-    SerialDevice() = default;
+    SerialDevice();
     SerialDevice(const SerialDevice&) = delete;
     SerialDevice& operator=(const SerialDevice&) = delete;
-    ~SerialDevice() { close(); }
+    ~SerialDevice();
 
     bool open(const std::string& device, const std::string& settings);
-    bool write(const std::string& bytes);  // all of them, or false
-    void close();
+    // Hands all bytes to the device, waiting up to a second for it to take
+    // them; false when it does not (nothing open, a full line).
+    bool write(const std::string& bytes);
+    // False when the device reported an error on closing.
+    bool close();
+    bool isOpen() const;
 
 private:
-    int fd_ = -1;
+    std::unique_ptr<QSerialPort> port_;
 };
 
 }  // namespace ortelix

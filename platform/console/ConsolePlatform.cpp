@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdio>
 #include <fcntl.h>
+#include <thread>
 
 #include "platform/QtCommon.h"
 #include "platform/SerialSettings.h"
@@ -73,6 +74,10 @@ std::vector<bool> ConsolePlatform::chooseDates(const std::vector<std::string>& d
 double ConsolePlatform::now() {
     using namespace std::chrono;
     return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+void ConsolePlatform::sleep(double seconds) {
+    if (seconds > 0) std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
 }
 
 bool ConsolePlatform::startProgram(const std::string& program, const std::vector<std::string>& args, bool wait) {

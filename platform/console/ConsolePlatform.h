@@ -6,6 +6,7 @@
 
 #include "platform/Platform.h"
 #include "platform/QtCommon.h"
+#include "platform/JoystickDevice.h"
 #include "platform/SerialSettings.h"
 
 namespace ortelix {
@@ -36,6 +37,7 @@ public:
     bool yield() override { return false; }
     double now() override;
     double localNow() override { return qtcommon::LocalNow(); }
+    void sleep(double seconds) override;
     std::string clipboardText() override { return {}; }
     void setClipboardText(const std::string&) override {}
     std::optional<Picture> clipboardPicture() override { return std::nullopt; }
@@ -48,12 +50,13 @@ public:
     bool serialWrite(const std::string& bytes) override;
     void serialClose() override;
     std::vector<std::string> serialPorts() override;
-    bool joystick(int&, int&, int&) override { return false; }
+    bool joystick(int& x, int& y, int& buttons) override { return joystick_.read(x, y, buttons); }
     std::string programFolder() override;
     std::string tempFolder() override;
 
 private:
     SerialDevice serial_;
+    JoystickDevice joystick_;
 };
 
 }  // namespace ortelix

@@ -184,10 +184,7 @@ void QtPlatform::serialClose() { serial_.close(); }
 
 std::vector<std::string> QtPlatform::serialPorts() { return ListSerialDevices(); }
 
-bool QtPlatform::joystick(int& x, int& y, int& buttons) {
-    x = y = buttons = 0;
-    return false;
-}
+bool QtPlatform::joystick(int& x, int& y, int& buttons) { return joystick_.read(x, y, buttons); }
 
 std::string QtPlatform::programFolder() { return qtcommon::ProgramFolder(); }
 std::string QtPlatform::tempFolder() { return qtcommon::TempFolder(); }

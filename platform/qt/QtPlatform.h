@@ -6,6 +6,7 @@
 
 #include "platform/Platform.h"
 #include "platform/QtCommon.h"
+#include "platform/JoystickDevice.h"
 #include "platform/SerialSettings.h"
 
 class QString;
@@ -55,6 +56,7 @@ public:
 private:
     QWidget* parent_;
     SerialDevice serial_;
+    JoystickDevice joystick_;
     bool busy_ = false;
     QElapsedTimer clock_;  // monotonic, from the start of the platform
 };
