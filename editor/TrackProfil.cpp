@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/ModulShared.h"
 #include "core/Session.h"
 #include "editor/ModuleEditor.h"
 
@@ -48,6 +49,31 @@ ProfilDrawing TrackProfil(Session& session, ModuleEditor& editor, int track) {
     int seite = editor.view() == EditorView::Track && editor.element() == track ? editor.seite() : 0;
     editor.FillTrackGrid(track, seite);
     return ProfilOf(session.store.Tracks[static_cast<size_t>(track)], &session);
+}
+
+namespace {
+
+std::string TwoDigits(int64_t v) { return (v < 10 ? "0" : "") + std::to_string(v); }
+
+std::string AllHours(int64_t seconds) {
+    const char* sign = seconds < 0 ? "-" : "";
+    const int64_t s = seconds < 0 ? -seconds : seconds;
+    return sign + std::to_string(s / 3600) + ":" + TwoDigits(s / 60 % 60) + ":" + TwoDigits(s % 60);
+}
+
+}  // namespace
+
+std::vector<std::pair<std::string, std::string>> TotalsLines(const TrackTotals& t) {
+    return {{"Punkte:", std::to_string(t.points)},
+            {"Länge:", FormatFixed(t.lengthKm, 3) + " km"},
+            {"Dauer:", AllHours(t.durationSeconds)},
+            {"Pausen:", AllHours(t.pauseSeconds)},
+            {"Dauer o.P.:", AllHours(t.durationSeconds - t.pauseSeconds)},
+            {"Schnitt:", FormatFixed(t.averageKmh, 1) + " km/h"},
+            {"Schnitt o.P.:", FormatFixed(t.averageMovingKmh, 1) + " km/h"},
+            {"Höhe min.:", std::to_string(t.minAlt) + " m"},
+            {"Höhe max.:", std::to_string(t.maxAlt) + " m"},
+            {"Höhenspanne:", std::to_string(t.maxAlt - t.minAlt) + " m"}};
 }
 
 }  // namespace ortelix

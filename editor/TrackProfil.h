@@ -4,14 +4,16 @@
 // track, one unit down is a metre of altitude, 0 m on the bottom edge (y = 500).
 // The height range is fixed; altitudes above 500 m leave the surface at the top.
 #include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "core/ModulArray.h"
+#include "editor/ModuleEditor.h"
 
 namespace ortelix {
 
 class Session;
-class ModuleEditor;
 
 // Colours as the drawing routines of the original layout give them: 0x00BBGGRR.
 inline constexpr int32_t kProfilBlue = 16711680;
@@ -43,5 +45,10 @@ ProfilDrawing ProfilOf(const Track& track, Session* progress = nullptr);
 // afterwards (in the window it showed, if it showed that track). Empty
 // (width 0, no lines) when there is no such track or it has no points.
 ProfilDrawing TrackProfil(Session& session, ModuleEditor& editor, int track);
+
+// The totals shown beside the profile, caption and text per line. Unlike the
+// grid's columns, durations count every hour ("277:46:40" for 11 days):
+// a total is read as a sum, not as a time of day.
+std::vector<std::pair<std::string, std::string>> TotalsLines(const TrackTotals& totals);
 
 }  // namespace ortelix

@@ -7,8 +7,6 @@
 #include <cmath>
 #include <utility>
 
-#include "core/ModulShared.h"
-#include "editor/CellFormats.h"
 
 namespace ortelix {
 
@@ -35,22 +33,11 @@ namespace {
 // The drawing's colours are 0x00BBGGRR.
 QColor FromStored(int32_t c) { return QColor(c & 0xff, (c >> 8) & 0xff, (c >> 16) & 0xff); }
 
-QString Line(const char* caption, const std::string& value) {
-    return QString("<tr><td>%1</td><td align=right>&nbsp;&nbsp;%2</td></tr>")
-        .arg(QString::fromUtf8(caption), QString::fromStdString(value).toHtmlEscaped());
-}
-
 QString TotalsText(const TrackTotals& t) {
     QString html = "<table>";
-    html += Line("Punkte:", std::to_string(t.points));
-    html += Line("Länge:", FormatFixed(t.lengthKm, 3) + " km");
-    html += Line("Dauer:", DurationText(t.durationSeconds));
-    html += Line("Pausen:", PauseText(t.pauseSeconds));
-    html += Line("Schnitt:", FormatFixed(t.averageKmh, 1) + " km/h");
-    html += Line("Schnitt o.P.:", FormatFixed(t.averageMovingKmh, 1) + " km/h");
-    html += Line("Höhe min.:", std::to_string(t.minAlt) + " m");
-    html += Line("Höhe max.:", std::to_string(t.maxAlt) + " m");
-    html += Line("Höhenspanne:", std::to_string(t.maxAlt - t.minAlt) + " m");
+    for (const auto& [caption, value] : TotalsLines(t))
+        html += QString("<tr><td>%1</td><td align=right>&nbsp;&nbsp;%2</td></tr>")
+                    .arg(QString::fromStdString(caption), QString::fromStdString(value).toHtmlEscaped());
     return html + "</table>";
 }
 

@@ -145,5 +145,29 @@ TEST(TrackProfil, RunsTheTrackFillFirstSoThatAnUnfilledTrackGetsItsScale) {
     EXPECT_TRUE(TrackProfil(s, editor, 2).lines.empty());
 }
 
+TEST(TrackProfil, TotalsCountEveryHourAndLeaveThePausesOut) {
+    TrackTotals t;
+    t.points = 1000000;
+    t.lengthKm = 719.0666;
+    t.durationSeconds = 999999;  // 11 days, 13:46:39
+    t.pauseSeconds = 3 * 3600 + 5 * 60 + 7;
+    t.minAlt = 101;
+    t.maxAlt = 499;
+    t.averageKmh = 2.58865;
+    t.averageMovingKmh = 2.61;
+    const std::vector<std::pair<std::string, std::string>> expected = {
+        {"Punkte:", "1000000"},         {"Länge:", "719.067 km"},        {"Dauer:", "277:46:39"},
+        {"Pausen:", "3:05:07"},         {"Dauer o.P.:", "274:41:32"},    {"Schnitt:", "2.6 km/h"},
+        {"Schnitt o.P.:", "2.6 km/h"},  {"Höhe min.:", "101 m"},         {"Höhe max.:", "499 m"},
+        {"Höhenspanne:", "398 m"}};
+    EXPECT_EQ(TotalsLines(t), expected);
+
+    // A track of one point: nothing walked, nothing paused.
+    const auto one = TotalsLines(TrackTotals{1, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_EQ(one[2].second, "0:00:00");
+    EXPECT_EQ(one[4].second, "0:00:00");
+    EXPECT_EQ(one[9].second, "0 m");
+}
+
 }  // namespace
 }  // namespace ortelix

@@ -132,7 +132,14 @@ TEST(EditorForm, OpensOnceFromToolsAndToolBarAndLeavesTheMainFormUsable) {
     m.form.runCommand("MenEinNeu");
     EXPECT_TRUE(m.session.store.Tracks.empty());
     m.session.store.Tracks.push_back(Track{"Neu", {Point(9, 48, 100, 5)}});
-    f->refreshFromStore();
+    // Until then the grid's rows of the old track show nothing rather than
+    // reading past the store.
+    EXPECT_EQ(Cell(*f, 6, 5), "");
+    f->grid()->grab();
+    m.form.activateWindow();
+    QTRY_VERIFY_WITH_TIMEOUT(m.form.isActiveWindow(), 2000);
+    f->activateWindow();
+    QTRY_VERIFY_WITH_TIMEOUT(f->isActiveWindow(), 2000);
     EXPECT_EQ(f->findChild<QLabel*>("LabelMaxTacks")->text(), "1");
     EXPECT_EQ(f->findChild<QLabel*>("LabelMaxWP")->text(), "0");
     EXPECT_EQ(f->model()->rowCount(), 1);
