@@ -125,6 +125,8 @@ FormEditor::FormEditor(Session& session, QWidget* owner)
     txtCell_ = new QLineEdit(grid_->viewport());
     txtCell_->setObjectName("txtCell");
     txtCell_->setFrame(false);
+    // A thin border in the selection colour tells the open editor from the cells.
+    txtCell_->setStyleSheet("QLineEdit { border: 1px solid palette(highlight); padding: 0 1px; }");
     txtCell_->hide();
     txtCell_->installEventFilter(this);
 
@@ -487,7 +489,7 @@ void FormEditor::openAnalysis() {
     fill([&] { drawing = TrackProfil(session_, *editor_, track); });
     if (drawing.lines.empty()) return;
     if (!analysis_) analysis_ = new FormTrackAnalyse(this);
-    analysis_->display(std::move(drawing), editor_->trackTotals());
+    analysis_->display(std::move(drawing), editor_->trackTotals(), QString::fromStdString(editor_->trackName(track)));
     analysis_->show();
     analysis_->raise();
 }

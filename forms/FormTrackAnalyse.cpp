@@ -57,8 +57,9 @@ FormTrackAnalyse::FormTrackAnalyse(QWidget* owner) : QWidget(owner, Qt::Window) 
     resize(900, 420);
 }
 
-void FormTrackAnalyse::display(ProfilDrawing drawing, const TrackTotals& totals) {
+void FormTrackAnalyse::display(ProfilDrawing drawing, const TrackTotals& totals, const QString& trackName) {
     drawing_ = std::move(drawing);
+    setWindowTitle(trackName.isEmpty() ? QString("Trackanalyse") : QString::fromUtf8("Trackanalyse – ") + trackName);
     totals_->setText(TotalsText(totals));
     canvas_->update();
 }

@@ -16,7 +16,8 @@ class FormTrackAnalyse : public QWidget {
 public:
     explicit FormTrackAnalyse(QWidget* owner);
 
-    void display(ProfilDrawing drawing, const TrackTotals& totals);
+    // The profile and totals of one track; its name goes into the caption.
+    void display(ProfilDrawing drawing, const TrackTotals& totals, const QString& trackName = {});
     const ProfilDrawing& drawing() const { return drawing_; }
     // How often the profile was drawn, and where its surface lay the last time.
     int paints() const { return paints_; }

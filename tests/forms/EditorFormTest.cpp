@@ -162,6 +162,7 @@ TEST(EditorForm, KeysOpenTheCellEditorAndReturnWritesTheStore) {
     EXPECT_EQ(f->cellEditor()->cursorPosition(), 1);
     EXPECT_EQ(f->cellEditor()->geometry(), f->grid()->visualRect(f->model()->index(1, 5)));
     QTest::keyClicks(f->cellEditor(), "21");
+    EXPECT_FALSE(SavedShot(*f, "FormEditor-Editing.png").isEmpty());
     QTest::keyClick(f->cellEditor(), Qt::Key_Return);
     EXPECT_FALSE(f->cellEditor()->isVisible());
     EXPECT_EQ(pts[1].Alt, OptInt(421));

@@ -74,6 +74,7 @@ struct OpenedProfile {
 
     explicit OpenedProfile(Track t) {
         m.session.store.Tracks.push_back(NorthTrack({{0, 10}}));
+        t.Name = "Rundweg";
         m.session.store.Tracks.push_back(std::move(t));
         m.form.runCommand("MenEinEditor");
         editor = m.form.findChild<FormEditor*>();
@@ -98,6 +99,7 @@ TEST(TrackAnalyse, TestButtonDrawsTheProfileOfTheSelectedTrackWithItsTotals) {
     FormTrackAnalyse& a = *o.analysis;
     EXPECT_TRUE(a.isVisible());
     EXPECT_TRUE(a.isWindow());
+    EXPECT_EQ(a.windowTitle(), QString::fromUtf8("Trackanalyse – Rundweg"));
     EXPECT_EQ(o.editor->editor().element(), 1);  // the grid shows the drawn track
 
     const ProfilDrawing& d = a.drawing();
