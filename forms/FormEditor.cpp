@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -205,12 +206,20 @@ void FormEditor::buildControls(QWidget* top) {
         l->setFixedSize(fontMetrics().horizontalAdvance("000000") + 24, listHeight);
         row->addWidget(l);
     }
-    connect(listTrack_, &QListWidget::currentRowChanged, this, [this](int r) {
-        if (r >= 0) fill([this, r] { editor_->showTrack(r); });
-    });
-    connect(listRoute_, &QListWidget::currentRowChanged, this, [this](int r) {
-        if (r >= 0) fill([this, r] { editor_->showRoute(r); });
-    });
+    // A click on an entry, also the chosen one, or the arrow keys in a list
+    // show that element from its first window. A click that changes the
+    // entry fills once, when it is done.
+    for (QListWidget* l : {listTrack_, listRoute_}) {
+        auto show = [this, l](int r) {
+            if (r < 0) return;
+            if (l == listTrack_) fill([this, r] { editor_->showTrack(r); });
+            else fill([this, r] { editor_->showRoute(r); });
+        };
+        connect(l, &QListWidget::currentRowChanged, this, [show](int r) {
+            if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) show(r);
+        });
+        connect(l, &QListWidget::itemClicked, this, [l, show](QListWidgetItem* item) { show(l->row(item)); });
+    }
     row->addSpacing(8);
 
     auto* nameBox = new QGridLayout;

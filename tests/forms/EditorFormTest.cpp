@@ -277,6 +277,14 @@ TEST(EditorForm, WindowButtonsWalkA30001PointTrack) {
         EXPECT_EQ(Cell(*f, 1, 0), s.first);
     }
     EXPECT_EQ(f->findChild<QLabel*>("LabelWindow")->text(), Text("Zeilen 1 – 15.000"));
+    // A click on the shown track's entry brings back its first window.
+    QTest::mouseClick(next, Qt::LeftButton);
+    ASSERT_EQ(f->editor().seite(), 1);
+    auto* list = f->findChild<QListWidget*>("ListTrack");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
+    EXPECT_EQ(f->editor().seite(), 0);
+    EXPECT_EQ(Cell(*f, 1, 0), "1");
+
     // An edit in a later window reaches the point of that window.
     QTest::mouseClick(next, Qt::LeftButton);
     SelectCell(*f, 2, 5);
