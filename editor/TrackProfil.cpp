@@ -20,7 +20,7 @@ int WholePart(double v) {
 
 }  // namespace
 
-ProfilDrawing ProfilOf(const Track& track, Session* progress) {
+ProfilDrawing ProfilOf(const Track& track) {
     ProfilDrawing d;
     if (track.Points.empty()) return d;
     d.width = WholePart(track.Points.back().DistKm * 10);
@@ -39,7 +39,6 @@ ProfilDrawing ProfilOf(const Track& track, Session* progress) {
         first = false;
         atX = x;
         atY = y;
-        if (progress) progress->progress();
     }
     return d;
 }
@@ -48,7 +47,7 @@ ProfilDrawing TrackProfil(Session& session, ModuleEditor& editor, int track) {
     if (track < 0 || static_cast<size_t>(track) >= session.store.Tracks.size()) return {};
     int seite = editor.view() == EditorView::Track && editor.element() == track ? editor.seite() : 0;
     editor.FillTrackGrid(track, seite);
-    return ProfilOf(session.store.Tracks[static_cast<size_t>(track)], &session);
+    return ProfilOf(session.store.Tracks[static_cast<size_t>(track)]);
 }
 
 namespace {

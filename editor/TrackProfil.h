@@ -38,7 +38,10 @@ struct ProfilDrawing {
 
 // The drawing of a track whose DistKm values are filled. A step that stays on
 // the same profile unit as the one before draws nothing and is left out.
-ProfilDrawing ProfilOf(const Track& track, Session* progress = nullptr);
+// Built in one go without giving the event loop time: a command of the main
+// form run meanwhile could clear the track under the walk. A million points
+// take a few milliseconds; the drawing's time is spent in the window's paint.
+ProfilDrawing ProfilOf(const Track& track);
 
 // TrackProfil: the drawing of track `track` (0-based). The editor's track
 // fill runs first, so that the lengths are there: the grid shows that track
