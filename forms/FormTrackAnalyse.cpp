@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
+#include <vector>
 
 namespace ortelix {
 
@@ -91,9 +91,14 @@ void FormTrackAnalyse::paintProfil(QWidget& on) {
         p.drawText(QRectF(0, pt.y() - fm.height() / 2.0, left - 6, fm.height()), Qt::AlignRight | Qt::AlignVCenter,
                    label);
     }
-    // Every kilometre that leaves room for its label.
+    // Labels every 1, 2 or 5 times a power of ten kilometres, as close as
+    // their width allows.
     const int labelWidth = fm.horizontalAdvance("0000 km") + 6;
-    const int step = std::max(1, static_cast<int>(std::ceil(labelWidth / (10 * sx))));
+    const double least = labelWidth / (10 * sx);
+    int step = 1;
+    for (int decade = 1; step < least && decade <= 100000; decade *= 10)
+        for (int f : {1, 2, 5})
+            if (step < least) step = f * decade;
     for (int km = 0; km * 10 <= drawing_.width; km += step) {
         const QPointF pt = at(km * 10, drawing_.height);
         p.drawText(QRectF(pt.x() - labelWidth / 2.0, surface_.bottom() + 3, labelWidth, fm.height()),
