@@ -16,6 +16,10 @@ const std::vector<CliCommand>& CliCommands() {
          "rechnet Koordinaten um (Gauß-Krüger, UTM, Datum, Entfernung, Geoid)", CoordCommand},
         {"ozi-map", "ortelix ozi-map BILD LON_W LAT_N LON_O LAT_S BREITE HOEHE [--meridian M] [--margin R]",
          "schreibt die OziExplorer-Kalibrierung (.map) für ein Bild", OziMapCommand},
+        {"nmea-filter", "ortelix nmea-filter EINGABE AUSGABE",
+         "kopiert ein NMEA-Log mit den Sätzen GGA, GLL, GSA, GSV, RMC und VTG", NmeaFilterCliCommand},
+        {"crlf", "ortelix crlf EINGABE AUSGABE", "schreibt jedes LF als CR LF (LF zu CRLF)", CrLfCliCommand},
+        {"lf", "ortelix lf EINGABE AUSGABE", "schreibt jedes CR LF als LF (CRLF zu LF)", LfCliCommand},
     };
     return table;
 }

@@ -21,5 +21,8 @@ int FormatsCommand(const std::vector<std::string>& args);
 int CoordCommand(const std::vector<std::string>& args);
 int SettingsCommand(const std::vector<std::string>& args);
 int OziMapCommand(const std::vector<std::string>& args);
+int NmeaFilterCliCommand(const std::vector<std::string>& args);
+int CrLfCliCommand(const std::vector<std::string>& args);
+int LfCliCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix
