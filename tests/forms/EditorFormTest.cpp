@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <cmath>
@@ -204,6 +205,16 @@ TEST(EditorForm, KeysOpenTheCellEditorAndReturnWritesTheStore) {
     EXPECT_FALSE(f->cellEditor()->isVisible());
     EXPECT_EQ(pts[1].Alt, OptInt(421));
 
+    // A double click opens the cell with its text as well.
+    // (as a mouse sends it: a click, then the second press as the double click)
+    const QPoint at = f->grid()->visualRect(f->model()->index(1, 5)).center();
+    QTest::mouseClick(f->grid()->viewport(), Qt::LeftButton, {}, at);
+    EXPECT_FALSE(f->cellEditor()->isVisible());
+    QTest::mouseDClick(f->grid()->viewport(), Qt::LeftButton, {}, at);
+    ASSERT_TRUE(f->cellEditor()->isVisible());
+    EXPECT_EQ(f->cellEditor()->text(), "421");
+    QTest::keyClick(f->cellEditor(), Qt::Key_Escape);
+
     // Moving to another cell commits the open edit to its own cell alone.
     SelectRows(*f, 1, 3, 5);
     SelectCell(*f, 3, 5);
@@ -289,6 +300,9 @@ TEST(EditorForm, WindowButtonsWalkA30001PointTrack) {
     QTest::mouseClick(next, Qt::LeftButton);
     SelectCell(*f, 2, 5);
     Type(*f, "33");
+    // The open editor stays over its cell when the grid scrolls.
+    f->grid()->verticalScrollBar()->setValue(f->grid()->verticalScrollBar()->value() + 40);
+    EXPECT_EQ(f->cellEditor()->geometry(), f->grid()->visualRect(f->model()->index(1, 5)));
     QTest::keyClick(f->cellEditor(), Qt::Key_Return);
     EXPECT_EQ(m.session.store.Tracks[0].Points[15001].Alt, OptInt(33));
     EXPECT_EQ(m.session.store.Tracks[0].Points[1].Alt, OptInt(101));
