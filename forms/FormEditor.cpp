@@ -20,6 +20,7 @@
 #include <cmath>
 
 #include "core/Session.h"
+#include "editor/CellEditKeys.h"
 #include "editor/ModuleEditor.h"
 #include "editor/TrackProfil.h"
 #include "forms/EditorTableModel.h"
@@ -79,8 +80,7 @@ FormEditor::FormEditor(Session& session, QWidget* owner)
     connect(grid_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { menEditBearbeiten_->popup(grid_->viewport()->mapToGlobal(at)); });
     connect(grid_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { commitPending(); });
-    connect(grid_, &QAbstractItemView::doubleClicked, this,
-            [this] { openCell({GridKeyAction::OpenWithText, {}}); });
+    connect(grid_, &QAbstractItemView::doubleClicked, this, [this] { openCell(kKeyF2); });
     connect(grid_->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { placeCellEditor(); });
     connect(grid_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { placeCellEditor(); });
     central->installEventFilter(this);
@@ -327,7 +327,7 @@ GridRect FormEditor::selection() const {
     return {cur.row() + 1, cur.column(), cur.row() + 1, cur.column()};
 }
 
-void FormEditor::openCell(const GridKeyAction& key) {
+void FormEditor::openCell(int virtualKey) {
     const QModelIndex cur = grid_->currentIndex();
     // Every cell but the fixed index column takes text; a computed one keeps
     // it until the next fill, since it has no field in the store.
@@ -336,13 +336,11 @@ void FormEditor::openCell(const GridKeyAction& key) {
     editCol_ = cur.column();
     grid_->scrollTo(cur);
     txtCell_->setGeometry(grid_->visualRect(cur));
-    if (key.kind == GridKeyAction::OpenWithChar) {
-        txtCell_->setText(key.text);
-        txtCell_->setCursorPosition(static_cast<int>(key.text.size()));
-    } else {
-        txtCell_->setText(model_->data(cur, Qt::EditRole).toString());
-        txtCell_->setCursorPosition(0);
-    }
+    const EditStart start = EditStartFor(virtualKey, editor_->cellText(editRow_, editCol_));
+    txtCell_->setText(QString::fromStdString(start.text));
+    // The caret counts bytes of the UTF-8 text; the line edit counts characters.
+    const std::string beforeCaret = start.text.substr(0, static_cast<size_t>(start.caret));
+    txtCell_->setCursorPosition(static_cast<int>(QString::fromStdString(beforeCaret).size()));
     txtCell_->show();
     txtCell_->setFocus();
     cellEditDone_ = false;
@@ -361,25 +359,29 @@ void FormEditor::commitReturn() {
     if (editRow_ < std::min(rows.row1, rows.row2) || editRow_ > std::max(rows.row1, rows.row2))
         rows = {editRow_, editCol_, editRow_, editCol_};
     editor_->commitRange(text, rows.row1, rows.row2, editCol_);
-    txtCell_->hide();
+    closeCellEditor();
     model_->cellsChanged({rows.row1, editCol_, rows.row2, editCol_});
-    grid_->setFocus();
 }
 
 void FormEditor::commitPending() {
     if (cellEditDone_) return;
     cellEditDone_ = true;
-    const bool hadFocus = txtCell_->hasFocus();
     editor_->WriteGridCell(txtCell_->text().toStdString(), editRow_, editCol_);
-    txtCell_->hide();
+    closeCellEditor();
     model_->cellsChanged({editRow_, editCol_, editRow_, editCol_});
-    if (hadFocus) grid_->setFocus();
 }
 
 void FormEditor::cancelCell() {
     cellEditDone_ = true;
+    closeCellEditor();
+}
+
+void FormEditor::closeCellEditor() {
+    // The focus goes back to the grid before the editor hides: a hidden
+    // focus widget hands the focus on as Tab would, and the view would take
+    // that as Tab and move its current cell.
+    if (txtCell_->hasFocus()) grid_->setFocus();
     txtCell_->hide();
-    grid_->setFocus();
 }
 
 void FormEditor::runClipboard(void (ModuleEditor::*command)(const GridRect&)) {
@@ -434,14 +436,12 @@ bool FormEditor::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (watched == grid_) {
-        const GridKeyAction action = GridKeyOf(key->key(), key->modifiers(), key->text());
-        if (action.kind == GridKeyAction::Delete) {
-            runClipboard(&ModuleEditor::loeschen);
-            return true;
-        }
-        if (action.kind == GridKeyAction::OpenWithChar || action.kind == GridKeyAction::OpenWithText) {
-            openCell(action);
-            return true;
+        const int code = VirtualKeyOf(key->key(), key->modifiers());
+        if (code == kKeyStaysWithGrid) return false;
+        switch (GridKeyActionFor(code)) {
+            case GridKeyAction::None: return false;
+            case GridKeyAction::Delete: runClipboard(&ModuleEditor::loeschen); return true;
+            case GridKeyAction::Edit: openCell(code); return true;
         }
     }
     return QMainWindow::eventFilter(watched, event);

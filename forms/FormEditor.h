@@ -24,7 +24,6 @@ class Session;
 class ModuleEditor;
 class EditorTableModel;
 class FormTrackAnalyse;
-struct GridKeyAction;
 struct GridRect;
 
 class FormEditor : public QMainWindow {
@@ -67,11 +66,14 @@ private:
     void afterFill();
     void placeGrid();
     void sizeColumns();
-    void openCell(const GridKeyAction& key);
+    // Opens the cell editor over the current cell for a key in the codes of
+    // the editor's key rule.
+    void openCell(int virtualKey);
     void placeCellEditor();
     void commitReturn();
     void commitPending();
     void cancelCell();
+    void closeCellEditor();
     void runClipboard(void (ModuleEditor::*command)(const GridRect&));
     void paste();
     void openAnalysis();

@@ -1,18 +1,18 @@
 #pragma once
-// What a key pressed in the editor grid does: nothing (navigation, Tab,
-// Return, Backspace, the modifiers and shortcuts), the command "löschen"
-// (Delete), or open the cell editor: with that one character for a digit or
-// a letter, else with the cell's whole text and the caret at its start.
-#include <QString>
+// Qt's keys in the codes of the editor's key rule (editor/CellEditKeys.h),
+// which counts Windows virtual keys: Delete is 46 there, while Qt's 46 is the
+// full stop. The moving keys and Ctrl or Alt shortcuts stay with the grid.
 #include <Qt>
 
 namespace ortelix {
 
-struct GridKeyAction {
-    enum Kind { None, Delete, OpenWithChar, OpenWithText } kind = None;
-    QString text;  // the character for OpenWithChar
-};
+inline constexpr int kKeyStaysWithGrid = -1;
+// A key that has no code of its own here (signs, umlauts): the rule opens
+// the cell editor with the cell's whole text for it.
+inline constexpr int kOtherKey = 0xFF;
+// F2, which a double click also stands for.
+inline constexpr int kKeyF2 = 113;
 
-GridKeyAction GridKeyOf(int key, Qt::KeyboardModifiers modifiers, const QString& text);
+int VirtualKeyOf(int qtKey, Qt::KeyboardModifiers modifiers);
 
 }  // namespace ortelix

@@ -20,6 +20,7 @@
 #include "forms/EditorTableModel.h"
 #include "forms/FormEditor.h"
 #include "forms/FormEditorKeys.h"
+#include "editor/CellEditKeys.h"
 #include "forms/FormMenu1.h"
 #include "forms/GuiSupport.h"
 
@@ -169,6 +170,7 @@ TEST(EditorForm, KeysOpenTheCellEditorAndReturnWritesTheStore) {
     EXPECT_EQ(pts[1].Alt, OptInt(421));
     EXPECT_EQ(Cell(*f, 2, 5), "421");
     EXPECT_TRUE(f->grid()->hasFocus());
+    EXPECT_EQ(f->grid()->currentIndex(), f->model()->index(1, 5));  // the grid stays on the cell
 
     // The cell shows what was stored: a comma reads as the decimal point,
     // speeds are held at 2000, courses taken modulo 360.
@@ -204,6 +206,20 @@ TEST(EditorForm, KeysOpenTheCellEditorAndReturnWritesTheStore) {
     QTest::keyClick(f->cellEditor(), Qt::Key_Escape);
     EXPECT_FALSE(f->cellEditor()->isVisible());
     EXPECT_EQ(pts[1].Alt, OptInt(421));
+    EXPECT_EQ(f->grid()->currentIndex(), f->model()->index(1, 5));
+    // The full stop does not delete: it opens the cell as well.
+    QTest::keyClick(f->grid(), Qt::Key_Period, Qt::NoModifier);
+    ASSERT_TRUE(f->cellEditor()->isVisible());
+    EXPECT_EQ(f->cellEditor()->text(), "421");
+    QTest::keyClick(f->cellEditor(), Qt::Key_Escape);
+    EXPECT_EQ(pts[1].Alt, OptInt(421));
+    // A letter opens with its capital, as the rule gives it.
+    SelectCell(*f, 1, 9);
+    f->grid()->setFocus();
+    QTest::keyClick(f->grid(), Qt::Key_D, Qt::NoModifier);
+    EXPECT_EQ(f->cellEditor()->text(), "D");
+    QTest::keyClick(f->cellEditor(), Qt::Key_Escape);
+    SelectCell(*f, 2, 5);
 
     // A double click opens the cell with its text as well.
     // (as a mouse sends it: a click, then the second press as the double click)
@@ -240,23 +256,29 @@ TEST(EditorForm, KeysOpenTheCellEditorAndReturnWritesTheStore) {
     EXPECT_EQ(m.session.store.Tracks[0].Points.size(), 6u);
 }
 
-TEST(EditorForm, KeyRuleOfTheGrid) {
-    using K = GridKeyAction;
-    EXPECT_EQ(GridKeyOf(Qt::Key_7, Qt::NoModifier, "7").kind, K::OpenWithChar);
-    EXPECT_EQ(GridKeyOf(Qt::Key_7, Qt::KeypadModifier, "7").text, "7");
-    // Letters as typed: a lower-case letter stays lower-case.
-    EXPECT_EQ(GridKeyOf(Qt::Key_N, Qt::NoModifier, "n").text, "n");
-    EXPECT_EQ(GridKeyOf(Qt::Key_N, Qt::ShiftModifier, "N").text, "N");
-    // Umlauts, signs and F2 open with the whole text.
-    EXPECT_EQ(GridKeyOf(Qt::Key_Adiaeresis, Qt::NoModifier, Text("ä")).kind, K::OpenWithText);
-    EXPECT_EQ(GridKeyOf(Qt::Key_Minus, Qt::NoModifier, "-").kind, K::OpenWithText);
-    EXPECT_EQ(GridKeyOf(Qt::Key_Space, Qt::NoModifier, " ").kind, K::OpenWithText);
-    EXPECT_EQ(GridKeyOf(Qt::Key_F2, Qt::NoModifier, "").kind, K::OpenWithText);
-    EXPECT_EQ(GridKeyOf(Qt::Key_Delete, Qt::NoModifier, "").kind, K::Delete);
-    for (int k : {Qt::Key_Tab, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Backspace, Qt::Key_Return,
-                  Qt::Key_Enter, Qt::Key_Left, Qt::Key_PageDown, Qt::Key_F5})
-        EXPECT_EQ(GridKeyOf(k, Qt::NoModifier, "").kind, K::None) << k;
-    EXPECT_EQ(GridKeyOf(Qt::Key_C, Qt::ControlModifier, "\x03").kind, K::None);
+TEST(EditorForm, QtKeysReachTheKeyRuleInItsOwnCodes) {
+    // Digits (the keypad's too) and letters keep their codes; the rule opens
+    // the cell editor with that character, a letter as its capital.
+    EXPECT_EQ(VirtualKeyOf(Qt::Key_7, Qt::NoModifier), '7');
+    EXPECT_EQ(VirtualKeyOf(Qt::Key_7, Qt::KeypadModifier), '7');
+    EXPECT_EQ(VirtualKeyOf(Qt::Key_N, Qt::ShiftModifier), 'N');
+    EXPECT_EQ(EditStartFor(VirtualKeyOf(Qt::Key_N, Qt::NoModifier), "alt").text, "N");
+    // The full stop is Qt's 46, the rule's Delete: it must open the editor
+    // with the whole text, never delete.
+    EXPECT_EQ(GridKeyActionFor(VirtualKeyOf(Qt::Key_Period, Qt::NoModifier)), GridKeyAction::Edit);
+    EXPECT_EQ(EditStartFor(VirtualKeyOf(Qt::Key_Period, Qt::NoModifier), "12.5").text, "12.5");
+    EXPECT_EQ(GridKeyActionFor(VirtualKeyOf(Qt::Key_Delete, Qt::NoModifier)), GridKeyAction::Delete);
+    for (int k : {Qt::Key_Minus, Qt::Key_Space, Qt::Key_Adiaeresis, Qt::Key_F2, Qt::Key_F5}) {
+        EXPECT_EQ(GridKeyActionFor(VirtualKeyOf(k, Qt::NoModifier)), GridKeyAction::Edit) << k;
+        EXPECT_EQ(EditStartFor(VirtualKeyOf(k, Qt::NoModifier), "12.5").caret, 0) << k;
+    }
+    for (int k : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Backspace,
+                  Qt::Key_Return, Qt::Key_Enter})
+        EXPECT_EQ(GridKeyActionFor(VirtualKeyOf(k, Qt::NoModifier)), GridKeyAction::None) << k;
+    // Moving keys and shortcuts stay with the grid.
+    for (int k : {Qt::Key_Left, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_Escape})
+        EXPECT_EQ(VirtualKeyOf(k, Qt::NoModifier), kKeyStaysWithGrid) << k;
+    EXPECT_EQ(VirtualKeyOf(Qt::Key_C, Qt::ControlModifier), kKeyStaysWithGrid);
 }
 
 TEST(EditorForm, WindowButtonsWalkA30001PointTrack) {
