@@ -20,6 +20,10 @@ const std::vector<CliCommand>& CliCommands() {
          "kopiert ein NMEA-Log mit den Sätzen GGA, GLL, GSA, GSV, RMC und VTG", NmeaFilterCliCommand},
         {"crlf", "ortelix crlf EINGABE AUSGABE", "schreibt jedes LF als CR LF (LF zu CRLF)", CrLfCliCommand},
         {"lf", "ortelix lf EINGABE AUSGABE", "schreibt jedes CR LF als LF (CRLF zu LF)", LfCliCommand},
+        {"simulate",
+         "ortelix simulate --port GERÄT [--source track|route|waypoint|direct] [--input DATEI]... [--speedup N] "
+         "[--cycles N | --until-end] [--lon L --lat B --speed V --course C --alt H]",
+         "sendet NMEA-Sätze wie ein GPS-Empfänger an eine serielle Schnittstelle", SimulateCommand},
     };
     return table;
 }

@@ -24,5 +24,6 @@ int OziMapCommand(const std::vector<std::string>& args);
 int NmeaFilterCliCommand(const std::vector<std::string>& args);
 int CrLfCliCommand(const std::vector<std::string>& args);
 int LfCliCommand(const std::vector<std::string>& args);
+int SimulateCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix
