@@ -36,16 +36,20 @@ Kind KindOf(std::string_view line) {
 // stay empty.
 struct Fields {
     std::string_view f[kMaxFields];
-    explicit Fields(std::string_view line) {
+    // Fields are a few bytes each: a plain walk beats a search call per field.
+    // Only the first `count` fields are split; the rest of the line is not walked.
+    Fields(std::string_view line, int count) {
         const char* p = line.data();
-        const char* end = p + line.size();
-        for (int i = 0; i < kMaxFields; ++i) {
-            const char* comma = static_cast<const char*>(std::memchr(p, ',', static_cast<size_t>(end - p)));
-            const char* stop = comma ? comma : end;
-            f[i] = std::string_view(p, static_cast<size_t>(stop - p));
-            if (!comma) break;
-            p = comma + 1;
+        const char* const end = p + line.size();
+        int i = 0;
+        const char* start = p;
+        for (; p < end; ++p) {
+            if (*p != ',') continue;
+            f[i] = std::string_view(start, static_cast<size_t>(p - start));
+            if (++i == count) return;
+            start = p + 1;
         }
+        f[i] = std::string_view(start, static_cast<size_t>(end - start));
     }
     std::string_view operator[](int i) const { return f[i]; }
 };
@@ -153,8 +157,10 @@ bool DecodeNmeaLine(std::string_view line, const NmeaDecodeOptions& o, NmeaDecod
     const Kind kind = KindOf(line);
     if (kind == Kind::None) return false;
     if (o.checksum && !NmeaChecksumOk(line)) return false;
-    const Fields f(line);
+    // GGA and RMC use their fields up to the ninth, PMGNTRK up to the tenth.
+    const Fields f(line, kind == Kind::Pmgntrk ? 11 : 10);
     out = NmeaFix{};
+    const bool altitude = o.wholeFix || o.dropZeroAltitude;
     std::string_view lat, ns, lon, ew;
     switch (kind) {
         case Kind::Gga:
@@ -162,21 +168,24 @@ bool DecodeNmeaLine(std::string_view line, const NmeaDecodeOptions& o, NmeaDecod
             lat = f[2], ns = f[3], lon = f[4], ew = f[5];
             out.fix = f[6];
             out.sat = f[7];
-            out.alt = Number(f[9]);
+            if (altitude) out.alt = Number(f[9]);
             out.date = state.lastDate;
             break;
         case Kind::Rmc: {
             out.time = NmeaTime(f[1]);
             lat = f[3], ns = f[4], lon = f[5], ew = f[6];
-            if (const OptDouble knots = Number(f[7]); knots.has())
-                out.speed = std::trunc(*knots * kKmhPerKnot);
-            out.course = ParseCourse(f[8]);
+            if (o.wholeFix) {
+                if (const OptDouble knots = Number(f[7]); knots.has()) out.speed = std::trunc(*knots * kKmhPerKnot);
+                out.course = ParseCourse(f[8]);
+                // A number too large for the fold into a circle gives none.
+                if (out.course.has() && !(*out.course >= 0 && *out.course < 360)) out.course.reset();
+            }
             out.date = state.lastDate = NmeaDate(f[9]);
             break;
         }
         case Kind::Pmgntrk:
             lat = f[1], ns = f[2], lon = f[3], ew = f[4];
-            out.alt = Number(f[5]);
+            if (altitude) out.alt = Number(f[5]);
             if (out.alt.has() && !f[6].empty() && (f[6][0] | 0x20) == 'f') out.alt = *out.alt * kMetresPerFoot;
             out.time = NmeaTime(f[7]);
             // Newer Magellan logs carry the date; the older ones take the last RMC's.

@@ -29,6 +29,10 @@ struct NmeaDecodeOptions {
     bool checksum = false;              // Check(7): a line must carry a right checksum
     bool dropZeroAltitude = false;      // Check(29): an altitude of 0 gives no position
     const GeoidTable* geoid = nullptr;  // Check(21): subtracted from altitudes; null: off
+    // False when only the position test, the date and the time are wanted
+    // (the first pass of the date choice): speed and course stay empty, and
+    // the altitude too unless the altitude test needs it.
+    bool wholeFix = true;
 };
 
 // The options of a session's table. The geoid table is loaded here when the

@@ -1,10 +1,12 @@
 #include "gpsformats/NmeaLogReader.h"
 
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "core/FileIO.h"
 #include "core/ReadFilter.h"
-#include "core/ScanBytes.h"
 #include "core/Session.h"
 #include "core/TrackWayPoints.h"
 #include "gpsformats/NmeaDecode.h"
@@ -18,6 +20,22 @@ namespace {
 // resident as a whole.
 constexpr size_t kReleaseStep = size_t{1} << 24;
 
+// The next CR or LF, sixteen bytes a step; `end` when there is none.
+const char* FindLineEnd(const char* p, const char* end) {
+#if defined(__SSE2__)
+    const __m128i lf = _mm_set1_epi8('\n'), cr = _mm_set1_epi8('\r');
+    while (end - p >= 16) {
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        const int mask = _mm_movemask_epi8(_mm_or_si128(_mm_cmpeq_epi8(b, lf), _mm_cmpeq_epi8(b, cr)));
+        if (mask != 0) return p + __builtin_ctz(static_cast<unsigned>(mask));
+        p += 16;
+    }
+#endif
+    for (; p < end; ++p)
+        if (*p == '\n' || *p == '\r') return p;
+    return end;
+}
+
 // Every line of the text, ended by LF, CR LF or a CR alone (old Macintosh
 // logs), without its end. Empty lines are passed over. Stops early when
 // `line` returns false.
@@ -28,16 +46,10 @@ void EachLine(std::string_view text, const MappedFile* map, Line line) {
     const char* const end = p + text.size();
     size_t releasedTo = 0;
     while (p < end) {
-        const char* nl = FindByte(p, end, '\n');
-        const char* stop = nl ? nl : end;
-        // A CR inside the piece ends a line too; nearly always it stands last.
-        for (const char* q = p; q < stop;) {
-            const char* cr = static_cast<const char*>(std::memchr(q, '\r', static_cast<size_t>(stop - q)));
-            const char* lineEnd = cr ? cr : stop;
-            if (lineEnd > q && !line(std::string_view(q, static_cast<size_t>(lineEnd - q)))) return;
-            q = lineEnd + 1;
-        }
+        const char* stop = FindLineEnd(p, end);
+        if (stop > p && !line(std::string_view(p, static_cast<size_t>(stop - p)))) return;
         p = stop + 1;
+        if (p < end && *stop == '\r' && *p == '\n') ++p;
         const size_t at = static_cast<size_t>(p - begin);
         if (map && at - releasedTo >= kReleaseStep) {
             map->release(releasedTo, at);
@@ -62,7 +74,8 @@ TrackPointIn PointOf(const NmeaFix& f) {
 }
 
 // First pass: the dates of the fixes; returns how many lines gave a position.
-size_t NoteDates(Session& s, std::string_view text, const NmeaDecodeOptions& o, const MappedFile* map) {
+size_t NoteDates(Session& s, std::string_view text, NmeaDecodeOptions o, const MappedFile* map) {
+    o.wholeFix = false;
     NmeaDecodeState state;
     NmeaFix fix;
     size_t positions = 0;

@@ -94,6 +94,12 @@ TEST(NmeaDecode, BrokenTimesAndDatesAreEmpty) {
     EXPECT_TRUE(f.course.empty());
     EXPECT_TRUE(st.lastDate.empty());
 
+    // A course too large to fold into the circle is none; a negative one folds.
+    ASSERT_TRUE(DecodeNmeaLine("$GPRMC,120000,A,4807.038,N,01131.000,E,1.0,9.1e18,010124,,", o, st, f));
+    EXPECT_TRUE(f.course.empty());
+    ASSERT_TRUE(DecodeNmeaLine("$GPRMC,120000,A,4807.038,N,01131.000,E,1.0,-90.5,010124,,", o, st, f));
+    EXPECT_EQ(*f.course, 269);
+
     EXPECT_EQ(NmeaTime("235959.99"), Time(86399));
     EXPECT_TRUE(NmeaTime("236000").empty());
     EXPECT_TRUE(NmeaTime("12").empty());
