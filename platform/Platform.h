@@ -76,6 +76,8 @@ public:
     virtual bool serialOpen(const std::string& device, const std::string& settings) = 0;
     virtual bool serialWrite(const std::string& bytes) = 0;
     virtual void serialClose() = 0;
+    // Whether the last serialClose() met an error of the device.
+    virtual bool serialCloseFailed() { return false; }
     virtual std::vector<std::string> serialPorts() = 0;
 
     virtual bool joystick(int& x, int& y, int& buttons) = 0;

@@ -54,9 +54,12 @@ void SimEngine::SimStop() {
     timers.TimerNMEA.stop();
     timers.TimerFlash.stop();
     anzeige.Sendet = false;
-    if (portOffen_) s_.platform.serialClose();
+    const bool offen = portOffen_;
     portOffen_ = false;
     anzeige.Status.clear();
+    if (!offen) return;
+    s_.platform.serialClose();
+    if (s_.platform.serialCloseFailed()) s_.platform.messageBox(kPortError, kSimTitle, Buttons::Ok, Icon::Critical);
 }
 
 bool SimEngine::SimRunOn(const std::string& portText) {

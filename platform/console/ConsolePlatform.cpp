@@ -97,7 +97,7 @@ bool ConsolePlatform::serialOpen(const std::string& device, const std::string& s
     return serial_.open(device, settings);
 }
 bool ConsolePlatform::serialWrite(const std::string& bytes) { return serial_.write(bytes); }
-void ConsolePlatform::serialClose() { serial_.close(); }
+void ConsolePlatform::serialClose() { serialCloseFailed_ = !serial_.close(); }
 
 std::vector<std::string> ConsolePlatform::serialPorts() { return ListSerialDevices(); }
 

@@ -49,6 +49,7 @@ public:
     bool serialOpen(const std::string& device, const std::string& settings) override;
     bool serialWrite(const std::string& bytes) override;
     void serialClose() override;
+    bool serialCloseFailed() override { return serialCloseFailed_; }
     std::vector<std::string> serialPorts() override;
     bool joystick(int& x, int& y, int& buttons) override { return joystick_.read(x, y, buttons); }
     std::string programFolder() override;
@@ -57,6 +58,7 @@ public:
 private:
     SerialDevice serial_;
     JoystickDevice joystick_;
+    bool serialCloseFailed_ = false;
 };
 
 }  // namespace ortelix

@@ -180,7 +180,7 @@ bool QtPlatform::serialOpen(const std::string& device, const std::string& settin
     return serial_.open(device, settings);
 }
 bool QtPlatform::serialWrite(const std::string& bytes) { return serial_.write(bytes); }
-void QtPlatform::serialClose() { serial_.close(); }
+void QtPlatform::serialClose() { serialCloseFailed_ = !serial_.close(); }
 
 std::vector<std::string> QtPlatform::serialPorts() { return ListSerialDevices(); }
 

@@ -48,6 +48,7 @@ public:
     bool serialOpen(const std::string& device, const std::string& settings) override;
     bool serialWrite(const std::string& bytes) override;
     void serialClose() override;
+    bool serialCloseFailed() override { return serialCloseFailed_; }
     std::vector<std::string> serialPorts() override;
     bool joystick(int& x, int& y, int& buttons) override;
     std::string programFolder() override;
@@ -57,6 +58,7 @@ private:
     QWidget* parent_;
     SerialDevice serial_;
     JoystickDevice joystick_;
+    bool serialCloseFailed_ = false;
     bool busy_ = false;
     QElapsedTimer clock_;  // monotonic, from the start of the platform
 };

@@ -101,6 +101,8 @@ public:
         return serialIsOpen;
     }
     void serialClose() override { serialIsOpen = false; }
+    bool serialCloseFails = false;
+    bool serialCloseFailed() override { return serialCloseFails; }
     std::vector<std::string> serialPorts() override { return {"/dev/pts/fake"}; }
     // A joystick at rest in the middle until a test moves it; none unless present.
     bool joystickPresent = false;

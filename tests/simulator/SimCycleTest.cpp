@@ -4,6 +4,7 @@
 
 #include "coordinates/Geoid.h"
 #include "core/ModulShared.h"
+#include "core/Settings.h"
 #include "simulator/SimTestSupport.h"
 
 namespace ortelix {
@@ -44,6 +45,28 @@ TEST(SimCycle, PortOpensAt4800BaudAndSendsEveryHalfSecondUntilStopped) {
     sim.runUntil(5.0);
     EXPECT_EQ(sim.engine.zyklen, 4);
     EXPECT_TRUE(sim.platform.messages.empty());
+    sim.engine.SimStop();  // a second stop closes nothing
+    EXPECT_TRUE(sim.platform.messages.empty());
+
+    // A device that fails while closing is told; the port counts as closed.
+    ASSERT_TRUE(sim.engine.SimStart("COM2"));
+    sim.platform.serialCloseFails = true;
+    sim.engine.SimStop();
+    ASSERT_EQ(sim.platform.messages.size(), 1u);
+    EXPECT_EQ(sim.platform.messages[0].text, "Die Schnittstellenfehler");
+    EXPECT_FALSE(sim.engine.portOffen());
+}
+
+TEST(SimCycle, TheResetChoosesDirectInput) {
+    Options o;
+    WaehleQuelle(o, SimQuelle::Route);
+    EXPECT_EQ(o.OptionNMEA, (std::array<int, 4>{0, 1, 0, 0}));
+    EXPECT_EQ(GewaehlteQuelle(o), SimQuelle::Route);
+    // The reset sets "Waypoint" and then "Direkt": one group, the last wins.
+    ResetSettings(o, false);
+    EXPECT_EQ(GewaehlteQuelle(o), SimQuelle::Direkt);
+    o.OptionNMEA = {0, 0, 0, 0};
+    EXPECT_EQ(GewaehlteQuelle(o), SimQuelle::Track);
 }
 
 TEST(SimCycle, APortThatCannotBeOpenedIsToldAndStaysIdle) {
