@@ -21,25 +21,51 @@ struct Tpv {
     double lat = 0, lon = 0, speed = 0;
 };
 
+// One socat and one gpsd for the suite: gpsd takes some three seconds before
+// it answers its first client. Each test has its own connection.
 class SimulateGpsd : public testing::CliTest {
 protected:
+    struct Receiver {
+        std::string folder, a, b;
+        int port = 0;
+        std::unique_ptr<Child> socat, gpsd;
+        ~Receiver() {
+            gpsd.reset();  // gpsd first, then the terminals under it
+            socat.reset();
+            std::error_code ec;
+            std::filesystem::remove_all(folder, ec);
+        }
+    };
+    static inline std::unique_ptr<Receiver> receiver;
+
+    static void SetUpTestSuite() {
+        if (!std::filesystem::exists("/usr/bin/socat") || !std::filesystem::exists("/usr/sbin/gpsd")) return;
+        auto r = std::make_unique<Receiver>();
+        r->folder = (std::filesystem::temp_directory_path() / ("ortelix-gpsd-" + std::to_string(::getpid()))).string();
+        std::filesystem::remove_all(r->folder);
+        std::filesystem::create_directories(r->folder);
+        r->a = r->folder + "/A";
+        r->b = r->folder + "/B";
+        r->socat = std::make_unique<Child>(
+            std::vector<std::string>{"socat", "pty,raw,echo=0,link=" + r->a, "pty,raw,echo=0,link=" + r->b},
+            r->folder + "/socat.log");
+        for (int i = 0; i < 100 && !(std::filesystem::exists(r->a) && std::filesystem::exists(r->b)); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        r->port = simcli::FreePort();
+        r->gpsd = std::make_unique<Child>(
+            std::vector<std::string>{"/usr/sbin/gpsd", "-N", "-n", "-S", std::to_string(r->port), r->a},
+            r->folder + "/gpsd.log");
+        receiver = std::move(r);
+    }
+    static void TearDownTestSuite() { receiver.reset(); }
+
     void SetUp() override {
         CliTest::SetUp();
-        for (const char* tool : {"/usr/bin/socat", "/usr/sbin/gpsd"})
-            if (!std::filesystem::exists(tool)) GTEST_SKIP() << tool << " is not installed (scripts/install-deps.sh)";
-        a = Path("A");
-        b = Path("B");
-        socat = std::make_unique<Child>(std::vector<std::string>{"socat", "pty,raw,echo=0,link=" + a,
-                                                                 "pty,raw,echo=0,link=" + b},
-                                        Path("socat.log"));
-        for (int i = 0; i < 100 && !(std::filesystem::exists(a) && std::filesystem::exists(b)); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        ASSERT_TRUE(std::filesystem::exists(a) && std::filesystem::exists(b)) << "socat made no terminals";
-        port = simcli::FreePort();
-        gpsd = std::make_unique<Child>(std::vector<std::string>{"/usr/sbin/gpsd", "-N", "-n", "-S",
-                                                                std::to_string(port), a},
-                                       Path("gpsd.log"));
-        ASSERT_TRUE(client.connect(port, 10)) << "gpsd does not listen";
+        if (!receiver) GTEST_SKIP() << "socat or gpsd is not installed (scripts/install-deps.sh)";
+        ASSERT_TRUE(std::filesystem::exists(receiver->a)) << "socat made no terminals";
+        a = receiver->a;
+        b = receiver->b;
+        ASSERT_TRUE(client.connect(receiver->port, 10)) << "gpsd does not listen";
         // gpsd drops what was written before it opened the device: wait for
         // the device to be listed as activated before sending anything.
         client.send("?WATCH={\"enable\":true,\"json\":true}\n");
@@ -49,11 +75,8 @@ protected:
                      l.find("\"activated\"") != std::string::npos;
         ASSERT_TRUE(active) << "gpsd did not open " << a;
     }
-    // The order matters: the simulator first, then gpsd, then the terminals.
     void TearDown() override {
         sim.reset();
-        gpsd.reset();
-        socat.reset();
         CliTest::TearDown();
     }
 
@@ -96,8 +119,7 @@ protected:
     }
 
     std::string a, b;
-    int port = 0;
-    std::unique_ptr<Child> socat, gpsd, sim;
+    std::unique_ptr<Child> sim;
     GpsdClient client;
 };
 
