@@ -2,7 +2,7 @@
 # Runs every fuzz target of BUILD_DIR for SECONDS each and says what each found.
 #
 # Each target starts from the seeds in git (fuzz/corpus/NAME), the large seeds
-# made at fuzz time (fuzz/make-large-seeds.sh, fuzz/make-ozi-seeds.sh, into
+# made at fuzz time (fuzz/make-large-seeds.sh, make-ozi-seeds.sh, make-nmea-seeds.sh, into
 # BUILD_DIR/seeds) and its working corpora BUILD_DIR/corpus-NAME and
 # corpus-NAME-large, which keep what earlier runs found; findings go to
 # BUILD_DIR/findings-NAME. A target that crashes, leaks, times out, runs out
@@ -21,7 +21,7 @@ max_len=$((8 * 1024 * 1024))  # the large seeds are a few MB each
 
 seeds=$build/seeds
 mkdir -p "$seeds"
-for maker in "$here/make-large-seeds.sh" "$here/make-ozi-seeds.sh"; do
+for maker in "$here/make-large-seeds.sh" "$here/make-ozi-seeds.sh" "$here/make-nmea-seeds.sh"; do
   if [ -x "$maker" ] && ! "$maker" "$seeds"; then
     echo "run-all: $(basename "$maker") failed; going on without its seeds" >&2
   fi
