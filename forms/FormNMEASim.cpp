@@ -81,7 +81,11 @@ FormNMEASim::FormNMEASim(Session& session, QWidget* owner)
     layout->addWidget(buildButtons());
     setCentralWidget(top);
     buildMenus();
-    statusBar()->setObjectName("StatusBar");
+    // The device and its settings while sending; messages of the moment
+    // (MenSimSetup) stand over it for a while.
+    status_ = new QLabel(this);
+    status_->setObjectName("StatusText");
+    statusBar()->addWidget(status_, 1);
 
     timer_ = new QTimer(this);
     timer_->setObjectName("TimerTakt");
@@ -347,7 +351,7 @@ void FormNMEASim::refresh() {
     Show(desc_, e.anzeige.LabelDesc);
     sending_->setStyleSheet(e.anzeige.Sendet ? "background-color: #20c020; border-radius: 9px;"
                                              : "background-color: #404040; border-radius: 9px;");
-    if (statusBar()->currentMessage() != Q(e.anzeige.Status)) statusBar()->showMessage(Q(e.anzeige.Status));
+    Show(status_, e.anzeige.Status);
 }
 
 void FormNMEASim::tick() {
@@ -367,7 +371,9 @@ void FormNMEASim::schedule() {
 }
 
 bool FormNMEASim::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && GewaehlteQuelle(session_.options) == SimQuelle::Direkt) {
+    // The port's path is typed in its box: there the arrows move the cursor.
+    const bool inPort = watched == port_ || watched == port_->lineEdit();
+    if (event->type() == QEvent::KeyPress && !inPort && GewaehlteQuelle(session_.options) == SimQuelle::Direkt) {
         const int code = KeyCode(static_cast<QKeyEvent*>(event)->key());
         if (code != 0) {
             engine_->Taste(code);

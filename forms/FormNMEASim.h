@@ -66,6 +66,7 @@ private:
     QLineEdit* fach_ = nullptr;
     QComboBox* port_ = nullptr;
     QLabel* sending_ = nullptr;
+    QLabel* status_ = nullptr;
     QTimer* timer_ = nullptr;
 };
 

@@ -126,7 +126,7 @@ TEST(NMEASimForm, TrackPointsFillTheBoxesAndTheRunSendsThemInVirtualTime) {
     Child<QPushButton>(*f, "CommandSimRun")->click();
     EXPECT_EQ(app.platform.serialDevice, "/dev/pts/42");
     EXPECT_EQ(app.session.options.ComPort, "/dev/pts/42");
-    EXPECT_EQ(f->statusBar()->currentMessage(), Text("/dev/pts/42:=4800,n,8,1"));
+    EXPECT_EQ(Child<QLabel>(*f, "StatusText")->text(), Text("/dev/pts/42:=4800,n,8,1"));
     for (int i = 0; i < 16; ++i) {  // 1.6 s of virtual time
         app.platform.clock += 0.1;
         f->tick();
@@ -141,6 +141,12 @@ TEST(NMEASimForm, TrackPointsFillTheBoxesAndTheRunSendsThemInVirtualTime) {
     Child<QPushButton>(*f, "CommandSimRunStop")->click();
     EXPECT_FALSE(f->engine().SimRun);
     EXPECT_TRUE(app.platform.serialIsOpen);  // still sending
+    Child<QPushButton>(*f, "CommandSimStop")->click();
+    EXPECT_FALSE(app.platform.serialIsOpen);
+    EXPECT_TRUE(Child<QLabel>(*f, "StatusText")->text().isEmpty());
+    Child<QPushButton>(*f, "CommandSimStart")->click();
+    EXPECT_TRUE(app.platform.serialIsOpen);
+    EXPECT_FALSE(f->engine().SimRun);
 
     // Closing the form stops the run and the port.
     f->close();
@@ -176,7 +182,14 @@ TEST(NMEASimForm, ArrowKeysSteerInDirectAndAFailedPortIsTold) {
     ASSERT_EQ(app.platform.messages.size(), 1u);
     EXPECT_EQ(app.platform.messages[0].text, "Die Schnittstelle kann nicht geöffnet werden");
     EXPECT_FALSE(f->engine().portOffen());
-    EXPECT_TRUE(f->statusBar()->currentMessage().isEmpty());
+    EXPECT_TRUE(Child<QLabel>(*f, "StatusText")->text().isEmpty());
+
+    // The port's box keeps its arrows for its own text.
+    QLineEdit* portText = Child<QComboBox>(*f, "ComPort")->lineEdit();
+    Child<QRadioButton>(*f, "OptionNMEA3")->click();
+    portText->setFocus();
+    QTest::keyClick(portText, Qt::Key_Up);
+    EXPECT_EQ(app.session.options.NMEABox[5], "11");
 }
 
 TEST(NMEASimForm, Screenshot) {
