@@ -157,6 +157,7 @@ int SimulateCommand(const std::vector<std::string>& args) {
     WaehleQuelle(s.options, quelle);
 
     SimEngine engine(s);
+    if (!f.speed.empty()) engine.ersatzSpeed = std::stod(f.speed);
     if (quelle != SimQuelle::Direkt) {
         engine.SimPunkt();
         if (ElementAnzahl(s.store, engine.auswahl) == 0) {

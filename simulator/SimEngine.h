@@ -50,6 +50,10 @@ public:
     int HScrollNMEA = 1, HScrollMin = 1, HScrollMaxValue = 1;
     SimAnzeige anzeige;
     SimTimers timers;
+    // The speed for points whose record holds none (the command line's
+    // --speed). Empty, such a point leaves the speed box empty, and a run
+    // stands there until the user types a speed.
+    OptDouble ersatzSpeed;
     long long zyklen = 0;        // cycles sent since the engine was made
     long long schreibFehler = 0;  // cycles the port refused
 

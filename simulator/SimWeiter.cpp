@@ -43,7 +43,10 @@ void SimEngine::punkt(int index) {
     // A field that the record lacks leaves its box empty; a field that this
     // kind of record does not have (the speed of a route point) leaves the box
     // as the user set it.
-    if (auswahl.quelle == SimQuelle::Track) o.NMEABox[5] = e.speed.empty() ? std::string() : BoxText(*e.speed);
+    if (auswahl.quelle == SimQuelle::Track) {
+        const OptDouble speed = e.speed.empty() ? ersatzSpeed : e.speed;
+        o.NMEABox[5] = speed.empty() ? std::string() : BoxText(*speed);
+    }
     o.NMEABox[6] = e.course.empty() ? std::string() : FormatFixed(*e.course, 0);
     o.NMEABox[4] = e.alt.empty() ? std::string() : FormatFixed(*e.alt, 0);
     o.NMEABoxDate = e.date.empty() ? std::string() : IsoDate(*e.date);

@@ -93,6 +93,24 @@ TEST_F(SimulateCommand, TrackRunStopsAtTheEndOfTheTrackAfterAFinalCycle) {
     EXPECT_EQ(Field(Sentences(text, "$GPVTG").front(), 7), "072.0");
 }
 
+TEST_F(SimulateCommand, SpeedGivenForATrackWithoutSpeedsCarriesTheRunToTheEnd) {
+    PtyReader pty;
+    ASSERT_FALSE(pty.name().empty());
+    const std::string track = File("ohne.gpx",
+                                   "<?xml version=\"1.0\"?>\n<gpx version=\"1.1\" creator=\"test\"><trk><trkseg>\n"
+                                   "<trkpt lat=\"50.0000\" lon=\"10.0\"/><trkpt lat=\"50.0005\" lon=\"10.0\"/>\n"
+                                   "<trkpt lat=\"50.0010\" lon=\"10.0\"/></trkseg></trk></gpx>\n");
+    // A run that stood still would never end: the timeout ends the test then.
+    const auto r = Ortelix("simulate --port " + pty.name() + " --input " + track + " --speed 90 --speedup 10 --until-end",
+                           "", "timeout 30");
+    ASSERT_EQ(r.code, 0) << r.out;
+    const std::string text = Settled(pty, 3);
+    const auto gga = Sentences(text, "$GPGGA");
+    ASSERT_FALSE(gga.empty());
+    EXPECT_EQ(Field(gga.back(), 2), "5000.0600");
+    EXPECT_EQ(Field(Sentences(text, "$GPVTG").back(), 7), "090.0");
+}
+
 TEST_F(SimulateCommand, RefusesWhatItCannotDo) {
     auto r = Ortelix("simulate --cycles 1");
     EXPECT_EQ(r.code, 2);

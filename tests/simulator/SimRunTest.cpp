@@ -103,6 +103,40 @@ TEST(SimRun, TrackRunReachesPointsAndStopsAtTheEndWhileSendingGoesOn) {
     EXPECT_NEAR(sim.lat(), 50 + 2 * d, 1e-6);
 }
 
+TEST(SimRun, TrackPointsWithoutSpeedTakeTheStandInSpeedOrStand) {
+    Sim sim;
+    const double d = 30 / 111250.0;
+    NewTrack(sim.session.store, "ohne");
+    for (int i = 0; i < 3; ++i) {
+        TrackPointIn p;
+        p.lon = 10;
+        p.lat = 50 + i * d;
+        if (i == 1) p.speed = 72;
+        StoreTrackPoint(sim.session.store, p);
+    }
+    sim.quelle(SimQuelle::Track);
+    sim.box(5) = "50";
+    sim.engine.SimPunkt();
+    EXPECT_EQ(sim.box(5), "");  // the record has no speed: the box is empty
+    sim.engine.SimWeiter();
+    EXPECT_NEAR(sim.lat(), 50, 1e-9);  // and the run stands
+    EXPECT_EQ(sim.engine.HScrollNMEA, 1);
+
+    sim.engine.ersatzSpeed = 36;
+    sim.engine.SimPunkt();
+    EXPECT_EQ(sim.box(5), "36");
+    sim.engine.SimWeiter();
+    EXPECT_NEAR(sim.lat() - 50, 10 * 0.00898861 / 1000, 1e-9);
+    sim.engine.SimWeiter();
+    sim.engine.SimWeiter();  // 10 m left: arrived
+    EXPECT_EQ(sim.engine.HScrollNMEA, 2);
+    EXPECT_EQ(sim.box(5), "72");  // a point's own speed wins
+    sim.engine.SimWeiter();
+    sim.engine.SimWeiter();
+    EXPECT_EQ(sim.engine.HScrollNMEA, 3);
+    EXPECT_EQ(sim.box(5), "36");
+}
+
 TEST(SimRun, ArrivalWhenTheStepIsLongerThanTheWayLeft) {
     Sim sim;
     // 100 m apart; 180 km/h covers 50 m a second: out 50 m, then arrived,
