@@ -79,7 +79,7 @@ bool ParseSerialSettings(std::string_view text, SerialSettings& out) {
     return true;
 }
 
-SerialDevice::SerialDevice() = default;
+SerialDevice::SerialDevice(bool waitForWrites) : wait_(waitForWrites) {}
 SerialDevice::~SerialDevice() { close(); }
 
 bool SerialDevice::open(const std::string& device, const std::string& settings) {
@@ -106,6 +106,10 @@ bool SerialDevice::write(const std::string& bytes) {
     }
     if (port_->write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size()))
         return false;
+    if (!wait_) {
+        port_->flush();
+        return true;
+    }
     while (port_->bytesToWrite() > 0)
         if (!port_->waitForBytesWritten(kWriteWaitMs)) return false;
     return true;

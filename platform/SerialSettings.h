@@ -34,14 +34,17 @@ std::vector<std::string> SerialDeviceList(const std::vector<std::string>& devEnt
 // One open serial device; closed when replaced or destroyed.
 class SerialDevice {
 public:
-    SerialDevice();
+    // Waiting for writes suits a program without an event loop (the command
+    // line); the desktop's loop writes what the device did not take at once.
+    explicit SerialDevice(bool waitForWrites = true);
     SerialDevice(const SerialDevice&) = delete;
     SerialDevice& operator=(const SerialDevice&) = delete;
     ~SerialDevice();
 
     bool open(const std::string& device, const std::string& settings);
     // Hands all bytes to the device, waiting up to a second for it to take
-    // them; false when it does not (nothing open, a full line).
+    // them (or, without waiting, queueing the rest); false when it does not:
+    // nothing open, or a line so full that it has not taken the last 16 KB.
     bool write(const std::string& bytes);
     // False when the device reported an error on closing.
     bool close();
@@ -49,6 +52,7 @@ public:
 
 private:
     std::unique_ptr<QSerialPort> port_;
+    bool wait_;
 };
 
 }  // namespace ortelix

@@ -56,7 +56,7 @@ public:
 
 private:
     QWidget* parent_;
-    SerialDevice serial_;
+    SerialDevice serial_{false};  // the event loop writes what the device did not take at once
     JoystickDevice joystick_;
     bool serialCloseFailed_ = false;
     bool busy_ = false;

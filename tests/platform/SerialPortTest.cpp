@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <linux/joystick.h>
+#include <poll.h>
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
@@ -77,6 +78,46 @@ TEST(SerialPort, PseudoTerminalOpensAt4800Baud8N1AndTakesTheBytes) {
     EXPECT_TRUE(port.close());
     EXPECT_FALSE(port.isOpen());
     EXPECT_FALSE(port.write(text));
+    ::close(slave);
+    ::close(master);
+}
+
+TEST(SerialPort, WithoutWaitingAFullLineIsFedNoFurther) {
+    int argc = 1;
+    char arg0[] = "ortelix";
+    char* argv[] = {arg0};
+    QCoreApplication app(argc, argv);
+    int master = -1, slave = -1;
+    char name[256] = {};
+    ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+    SerialDevice port(false);
+    ASSERT_TRUE(port.open(name, "4800,n,8,1"));
+    // No one reads: the terminal's buffer fills, then the port's queue, and
+    // then the port says no instead of growing without end.
+    const std::string cycle(450, 'x');
+    int taken = 0;
+    while (taken < 2000 && port.write(cycle)) ++taken;
+    EXPECT_LT(taken, 2000);
+    EXPECT_GT(taken, 16 * 1024 / 450);
+    // The refusal dropped the queue; once the line moves again, the next
+    // cycle goes out whole.
+    char buf[4096];
+    for (pollfd p{master, POLLIN, 0}; ::poll(&p, 1, 50) == 1;)
+        if (::read(master, buf, sizeof buf) <= 0) break;
+    const std::string last = "$GPGSV,3,3,10,13,09,100,,24,08,219,33*76\r\n";
+    ASSERT_TRUE(port.write(last));
+    std::string got;
+    for (int i = 0; i < 100 && got.find(last) == std::string::npos; ++i) {
+        QCoreApplication::processEvents();
+        pollfd p{master, POLLIN, 0};
+        if (::poll(&p, 1, 20) == 1) {
+            const ssize_t n = ::read(master, buf, sizeof buf);
+            if (n > 0) got.append(buf, static_cast<size_t>(n));
+        }
+    }
+    EXPECT_NE(got.find(last), std::string::npos);
+    EXPECT_LE(got.size(), 16 * 1024 + last.size());  // at most what the port had queued before
+    port.close();
     ::close(slave);
     ::close(master);
 }
