@@ -325,6 +325,10 @@ void FormNMEASim::start(bool run) {
 
 void FormNMEASim::refresh() {
     const auto& o = session_.options;
+    // A file read or a store cleared while the form is open.
+    if (listTrack_->count() != static_cast<int>(session_.store.Tracks.size()) ||
+        listRoute_->count() != static_cast<int>(session_.store.Routes.size()))
+        showLists();
     const SimQuelle q = GewaehlteQuelle(o);
     for (size_t i = 0; i < 4; ++i) options_[i]->setChecked(static_cast<size_t>(q) == i);
     listTrack_->setEnabled(q == SimQuelle::Track);

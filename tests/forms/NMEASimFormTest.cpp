@@ -107,6 +107,13 @@ TEST(NMEASimForm, TrackPointsFillTheBoxesAndTheRunSendsThemInVirtualTime) {
     EXPECT_EQ(Child<QLineEdit>(*f, "NMEABox4")->text(), Text("120"));
     EXPECT_EQ(Child<QLineEdit>(*f, "NMEABoxTime")->text(), Text("09:00:00"));
     EXPECT_EQ(Child<QLabel>(*f, "LabelMaxPoints")->text(), Text("3"));
+    // A track read while the form is open appears in its list.
+    NewTrack(app.session.store, "Abendrunde");
+    StoreTrackPoint(app.session.store, TrackPointIn{});
+    f->tick();
+    EXPECT_EQ(Child<QComboBox>(*f, "ListTrack")->count(), 2);
+    EXPECT_EQ(Child<QComboBox>(*f, "ListTrack")->itemText(1), Text("Abendrunde"));
+    EXPECT_EQ(Child<QComboBox>(*f, "ListTrack")->currentIndex(), 0);
     QScrollBar* bar = Child<QScrollBar>(*f, "HScrollNMEA");
     EXPECT_EQ(bar->maximum(), 3);
     bar->setValue(2);
