@@ -43,6 +43,7 @@ int RunTool(const std::vector<std::string>& args, const char* usage, const char*
     }
     ConsolePlatform platform;
     Session s(platform);
+    if (!SourceReadable(s, title, in)) return 1;
     return RunWriter(s, title, [&] { tool(s, in, out); }) ? 0 : 1;
 }
 

@@ -164,6 +164,11 @@ void CrLfToLfFile(Session& s, const std::string& source, const std::string& targ
     s.store.StatusText.set("Fertig");
 }
 
+bool SourceReadable(Session& s, const std::string& title, const std::string& source) {
+    // Mapping costs no reading: the pages come when the tool walks them.
+    return RunReader(s, title, [&] { const MappedFile probe(source); });
+}
+
 void NmeaFilterCommand(Session& s, const std::string&) {
     std::string source, target;
     if (!AskFiles(s, "NMEA Log-Datei auswählen", kLogSourceFilter, "Ziel NMEA Datei auswählen", kLogTargetFilter,
@@ -181,14 +186,14 @@ void LfToCrLf(Session& s, const std::string&) {
     std::string source, target;
     if (!AskFiles(s, "QuellDatei auswählen", kAllFilesFilter, "Ziel Datei auswählen", kAllFilesFilter, source, target))
         return;
-    RunWriter(s, "LF zu CRLF", [&] { LfToCrLfFile(s, source, target); });
+    if (SourceReadable(s, "LF zu CRLF", source)) RunWriter(s, "LF zu CRLF", [&] { LfToCrLfFile(s, source, target); });
 }
 
 void CrLfToLf(Session& s, const std::string&) {
     std::string source, target;
     if (!AskFiles(s, "Quell Datei auswählen", kAllFilesFilter, "Ziel Datei auswählen", kAllFilesFilter, source, target))
         return;
-    RunWriter(s, "CRLF zu LF", [&] { CrLfToLfFile(s, source, target); });
+    if (SourceReadable(s, "CRLF zu LF", source)) RunWriter(s, "CRLF zu LF", [&] { CrLfToLfFile(s, source, target); });
 }
 
 }  // namespace ortelix

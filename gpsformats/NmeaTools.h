@@ -28,9 +28,14 @@ int64_t NmeaFilter(Session& s, const std::string& source, const std::string& tar
 void LfToCrLfFile(Session& s, const std::string& source, const std::string& target);
 void CrLfToLfFile(Session& s, const std::string& source, const std::string& target);
 
+// The source opened for reading under the readers' failure handler: false,
+// after "Die Daten können nicht eingelesen werden." and the cause, when it
+// cannot be. The tools then leave the target alone.
+bool SourceReadable(Session& s, const std::string& title, const std::string& source);
+
 // The commands of the Tools menu: the source dialog, the target dialog, the
-// tool. The filter's errors pass without a message; the line-end tools show
-// the writers' failure message.
+// tool. The filter's errors pass without a message; the line-end tools say
+// why the source could not be read or the target not written.
 void NmeaFilterCommand(Session& s, const std::string& unused);
 void LfToCrLf(Session& s, const std::string& unused);
 void CrLfToLf(Session& s, const std::string& unused);

@@ -116,8 +116,12 @@ TEST_F(NmeaCommands, FilterAndLineEndTools) {
     const std::string target = File("kept.nmea", "kept");
     r = Ortelix("nmea-filter " + Path("missing.nmea") + " " + target);
     EXPECT_EQ(r.code, 1);
-    EXPECT_NE(r.out.find("Ursache: "), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("Die Daten können nicht eingelesen werden.\n\nUrsache: "), std::string::npos) << r.out;
     EXPECT_EQ(Read(target), "kept");
+    // A target that cannot be made: 1, the writers' message.
+    r = Ortelix("lf " + in + " " + Path("no/such/folder.nmea"));
+    EXPECT_EQ(r.code, 1);
+    EXPECT_NE(r.out.find("Die Daten können nicht gespeichert werden.\n\nUrsache: "), std::string::npos) << r.out;
 
     // help lists the three.
     r = Ortelix("help");

@@ -136,17 +136,23 @@ TEST_F(NmeaTools, FailuresKeepTheTarget) {
     p.fileChoices = {{missing, 1}, {target, 1}};
     FindCommand("MenToolsCRLF2LF")->run(s, {});
     ASSERT_FALSE(p.messages.empty());
-    EXPECT_EQ(p.messages.back().text.rfind("Die Daten können nicht gespeichert werden.\r\n\r\nUrsache: ", 0), 0u);
+    EXPECT_EQ(p.messages.back().text.rfind("Die Daten können nicht eingelesen werden.\r\n\r\nUrsache: ", 0), 0u);
+    EXPECT_EQ(p.messages.back().title, "CRLF zu LF");
     EXPECT_EQ(ReadFileBytes(target), "kept");
+    // A target in a folder that does not exist: the writers' message.
+    const std::string src = Put("here.txt", "a\n");
+    p.fileChoices = {{src, 1}, {Path("no/such/folder.txt"), 1}};
+    FindCommand("MenToolsLF2CRLF")->run(s, {});
+    EXPECT_EQ(p.messages.back().text.rfind("Die Daten können nicht gespeichert werden.\r\n\r\nUrsache: ", 0), 0u);
 
     // A target that cannot be written leaves the old one as it was.
     if (::geteuid() != 0) {
-        const std::string src = Put("src.txt", "a\nb\n");
+        const std::string src2 = Put("src.txt", "a\nb\n");
         std::filesystem::create_directories(dir / "locked");
         const std::string lockedTarget = testfiles::Put(dir / "locked" / "t.txt", "old");
         std::filesystem::permissions(dir / "locked",
                                      std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-        EXPECT_THROW(LfToCrLfFile(s, src, lockedTarget), FileError);
+        EXPECT_THROW(LfToCrLfFile(s, src2, lockedTarget), FileError);
         std::filesystem::permissions(dir / "locked", std::filesystem::perms::owner_all);
         EXPECT_EQ(ReadFileBytes(lockedTarget), "old");
     }
