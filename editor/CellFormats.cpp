@@ -35,43 +35,11 @@ void PutClock(std::string& out, int64_t daySeconds, bool withSeconds, bool padHo
     }
 }
 
-void PutDate(std::string& out, int32_t serial) {
-    const CivilDate c = CivilFromSerial(serial);
-    PutTwo(out, c.day);
-    out += '.';
-    PutTwo(out, c.month);
-    out += '.';
-    const int year = c.year;
-    if (year >= 0 && year < 1000) {
-        out += static_cast<char>('0' + year / 1000);
-        out += static_cast<char>('0' + year / 100 % 10);
-        PutTwo(out, year % 100);
-    } else {
-        PutWhole(out, year);
-    }
-}
-
 }  // namespace
 
-std::string GermanDate(Date d) {
-    std::string out;
-    if (d.has()) PutDate(out, *d);
-    return out;
-}
-
-std::string GermanTime(Time t) {
-    std::string out;
-    if (t.has()) PutClock(out, DaySeconds(*t), true, true);
-    return out;
-}
-
 std::string GermanMoment(int64_t seconds) {
-    std::string out;
     const int64_t day = (seconds - DaySeconds(seconds)) / kSecondsPerDay;
-    PutDate(out, static_cast<int32_t>(day));
-    out += ' ';
-    PutClock(out, DaySeconds(seconds), true, true);
-    return out;
+    return GermanDate(static_cast<int32_t>(day)) + ' ' + GermanTime(static_cast<int32_t>(DaySeconds(seconds)));
 }
 
 // A span shown as a time of day: a negative span is a moment before the

@@ -5,14 +5,11 @@
 #include <string>
 
 #include "core/DateTime.h"
+#include "core/GermanDates.h"
 #include "core/Optional.h"
 
 namespace ortelix {
 
-// "dd.MM.yyyy", the short date of a German desktop; "" when empty.
-std::string GermanDate(Date d);
-// "hh:mm:ss", the long time of a German desktop; "" when empty.
-std::string GermanTime(Time t);
 // "16.02.2006 16:23:10".
 std::string GermanMoment(int64_t seconds);
 // "h:nn:ss" and "h:nn": hours without days, so 25 hours read as 1:00:00.

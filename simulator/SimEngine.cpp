@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/GermanDates.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
 #include "platform/Platform.h"
@@ -88,8 +89,8 @@ void SimEngine::SimZyklus() {
     par[3] = FormatPoint(fix.SimCourse, "0.0");
     par[4] = FormatPoint(fix.SimAlt, "0.0");
     par[5] = fix.SimGeoid.empty() ? std::string() : FormatPoint(*fix.SimGeoid, "0.0");
-    par[6] = IsoDate(*fix.SimDate);
-    par[7] = IsoTime(*fix.SimTime);
+    par[6] = GermanDate(fix.SimDate);
+    par[7] = GermanTime(fix.SimTime);
     // A port that refuses a cycle does not stop the sending: the next cycle
     // tries again (a receiver unplugged for a moment).
     if (!s_.platform.serialWrite(text)) ++schreibFehler;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "coordinates/Entfernung.h"
+#include "core/GermanDates.h"
 #include "core/ModulShared.h"
 #include "core/Session.h"
 #include "simulator/SimBoxes.h"
@@ -49,8 +50,8 @@ void SimEngine::punkt(int index) {
     }
     o.NMEABox[6] = e.course.empty() ? std::string() : FormatFixed(*e.course, 0);
     o.NMEABox[4] = e.alt.empty() ? std::string() : FormatFixed(*e.alt, 0);
-    o.NMEABoxDate = e.date.empty() ? std::string() : IsoDate(*e.date);
-    o.NMEABoxTime = e.time.empty() ? std::string() : IsoTime(*e.time);
+    o.NMEABoxDate = e.date.empty() ? std::string() : GermanDate(e.date);
+    o.NMEABoxTime = e.time.empty() ? std::string() : GermanTime(e.time);
     const bool named = auswahl.quelle != SimQuelle::Track;
     anzeige.LabelName = named ? e.name : std::string();
     anzeige.LabelDesc = named ? e.desc : std::string();

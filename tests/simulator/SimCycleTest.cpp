@@ -178,13 +178,13 @@ TEST(SimCycle, DateAndTimeComeFromTheBoxesOrTheClock) {
     Sim sim;  // the fake's wall clock: 2024-06-01 12:00:00 at 0 s
     ASSERT_TRUE(sim.engine.SimStart("/dev/pts/1"));
     sim.quelle(SimQuelle::Track);
-    sim.session.options.NMEABoxDate = "2006-02-16";
+    sim.session.options.NMEABoxDate = "16.02.2006";
     sim.session.options.NMEABoxTime = "08:15:30";
     sim.engine.SimZyklus();
     std::string rmc = sim.sentences("$GPRMC").back();
     EXPECT_EQ(Sim::field(rmc, 1), "081530.00");
     EXPECT_EQ(Sim::field(rmc, 9), "160206");
-    EXPECT_EQ(sim.engine.anzeige.LabelNMEAPar[6], "2006-02-16");
+    EXPECT_EQ(sim.engine.anzeige.LabelNMEAPar[6], "16.02.2006");
     EXPECT_EQ(sim.engine.anzeige.LabelNMEAPar[7], "08:15:30");
 
     // Not a date and not a time: today and now.
@@ -198,7 +198,7 @@ TEST(SimCycle, DateAndTimeComeFromTheBoxesOrTheClock) {
 
     // "Direkt": today, and the clock plus the whole hours of the time box.
     sim.quelle(SimQuelle::Direkt);
-    sim.session.options.NMEABoxDate = "2006-02-16";
+    sim.session.options.NMEABoxDate = "16.02.2006";
     sim.session.options.NMEABoxTime = "-2";
     sim.engine.SimZyklus();
     rmc = sim.sentences("$GPRMC").back();
@@ -287,7 +287,7 @@ TEST(SimCycle, CutCopiesTheTimeOfThePointIntoTheTrackFilter) {
     sim.engine.HScrollNMEA = 2;
     sim.engine.SimPunkt();
     EXPECT_EQ(sim.session.options.NMEABoxTime, "07:10:00");
-    EXPECT_EQ(sim.session.options.NMEABoxDate, "2024-05-01");
+    EXPECT_EQ(sim.session.options.NMEABoxDate, "01.05.2024");
     sim.engine.CutVon();
     sim.engine.HScrollNMEA = 3;
     sim.engine.SimPunkt();
