@@ -1,6 +1,7 @@
 #include "commands/CommandTable.h"
 
 #include "appformats/ModOzi.h"
+#include "appformats/ModuleTop50Ovl.h"
 #include "commands/LineReaders.h"
 #include "commands/CommandRun.h"
 #include "gpsformats/GPX.h"
@@ -133,7 +134,7 @@ const std::vector<Command>& CommandTable() {
         {"MenEinMot2005", "MapAndGuide BCR-Datei (Stationsliste)", "MenEingang/Map&Guide", R, nullptr, nullptr, nullptr, "", nullptr},
         {"MenEinMuG", "MapAndGuide Stationsliste", "MenEingang/Map&Guide", R, nullptr, nullptr, nullptr, "", nullptr},
         {"MenEinTop50OVL", "Top50 OVL", "MenEingang", R, "Top50 Overlay auswählen", "Top50 ASCII Overlay (*.ovl)|*.ovl",
-         nullptr, "", nullptr, "ovl"},
+         Top50Lesen, "ovl", "ovl", "ovl"},
         {"MenEinTk25Hessen", "Tk25 Hessen", "MenEingang", R, nullptr, nullptr, nullptr, "", nullptr},
         {"MenEiSwiMa", "SwissMap 50", "MenEingang", R, nullptr, nullptr, nullptr, "", nullptr, "xol smo"},
         {"MenEinGPSBabelTrack", "GPS Babel Track", "MenEingang/GPS Babel", R, nullptr, nullptr, nullptr, "", nullptr},
@@ -212,7 +213,7 @@ const std::vector<Command>& CommandTable() {
          "MagicMaps 2 Projekt(*.ikt)|*.ikt", nullptr, "", nullptr},
         {"MenAusFugawi", "Fugawi Textdatei", "MenAusgang", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenAusgangTop50OVL", "Top50 OVL", "MenAusgang", W, "Top50 OVL_Datei speichern", "Top50 OVL (*.ovl)|*.ovl",
-         nullptr, "", nullptr},
+         Top50OvlSchreiben, "ovl", "ovl"},
         {"MenAusgangTop25", "Tk25 Hessen", "MenAusgang", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenAusSwissMap50", "Swiss Map 50 v1.0", "MenAusgang/Swiss Map 50", W, nullptr, nullptr, nullptr, "", nullptr},
         {"MenAusSwissMap50V3", "Swiss Map 50 v3", "MenAusgang/Swiss Map 50", W, nullptr, "SwissMap50 V3 (*.xol)|*.xol",

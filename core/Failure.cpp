@@ -19,7 +19,9 @@ bool Guarded(Session& s, const char* firstLine, const std::string& title, const 
     s.store.StatusText.clear();  // so that only this body's own closing line can stand
     try {
         body();
-        if (s.store.StatusText.text().rfind(kFilesWritten, 0) != 0) s.store.StatusText.set("Fertig");
+        // A closing line with counts ("Fertig: LOG=...") stands as the body left it.
+        const std::string done = s.store.StatusText.text();
+        if (done.rfind(kFilesWritten, 0) != 0 && done.rfind("Fertig: ", 0) != 0) s.store.StatusText.set("Fertig");
         return true;
     } catch (const std::bad_alloc&) {
         cause = "Nicht genügend Arbeitsspeicher";
