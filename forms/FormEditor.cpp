@@ -206,10 +206,12 @@ void FormEditor::buildControls(QWidget* top) {
     connect(analyse, &QPushButton::clicked, this, [this] { openAnalysis(); });
     QPushButton* google = Button(top, "CommandGE", "Google Earth");
     QPushButton* web = Button(top, "CommandInternetKarte", "Internet Karte zeigen");
-    for (QPushButton* b : {google, web}) {
-        b->setEnabled(false);
-        b->setToolTip(QString::fromUtf8(kNotAvailable));
-    }
+    // Google Earth comes with the KML writer.
+    google->setEnabled(false);
+    google->setToolTip(QString::fromUtf8(kNotAvailable));
+    // The keys count as they were when the mouse went down.
+    connect(web, &QPushButton::pressed, this, [this] { webKeys_ = QGuiApplication::keyboardModifiers(); });
+    connect(web, &QPushButton::clicked, this, [this] { showWebMap(webKeys_); });
     buttons->addWidget(google, 0, 0);
     buttons->addWidget(web, 1, 0);
     buttons->addWidget(analyse, 0, 1);

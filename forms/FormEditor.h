@@ -7,9 +7,11 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "editor/EditorColumns.h"
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -24,6 +26,7 @@ class Session;
 class ModuleEditor;
 class EditorTableModel;
 class FormTrackAnalyse;
+class FrameWPColor;
 struct GridRect;
 
 class FormEditor : public QMainWindow {
@@ -75,6 +78,20 @@ private:
     void cancelCell();
     void closeCellEditor();
     void runClipboard(void (ModuleEditor::*command)(const GridRect&));
+    // A bulk command of the menus: its control name, caption and the core
+    // call; without a call the entry stands disabled.
+    struct BulkEntry {
+        const char* control;
+        const char* caption;
+        std::function<void()> run;
+    };
+    QMenu* bulkMenu(const char* name, const char* caption, const std::vector<BulkEntry>& entries);
+    QAction* addBulk(QWidget* in, const BulkEntry& e);
+    // Runs a command of the editor's core, then shows the lists and the grid again.
+    void runBulk(const std::function<void()>& command);
+    void showColourPanel();
+    void openTrackZeit();
+    void showWebMap(Qt::KeyboardModifiers keys);
     void paste();
     void openAnalysis();
     int twips(int t) const;
@@ -98,6 +115,9 @@ private:
     QLabel* windowLabel_ = nullptr;
     QMenu* menEditBearbeiten_ = nullptr;
     FormTrackAnalyse* analysis_ = nullptr;
+    FrameWPColor* colourPanel_ = nullptr;
+    // The modifier keys held when the web map button was pressed.
+    Qt::KeyboardModifiers webKeys_;
     // The cell that the cell editor edits, as grid row and column.
     int editRow_ = 0, editCol_ = 0;
     // False from the moment the cell editor opens until its text is written.
