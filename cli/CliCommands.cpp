@@ -24,6 +24,8 @@ const std::vector<CliCommand>& CliCommands() {
          "ortelix simulate --port GERÄT [--source track|route|waypoint|direct] [--input DATEI]... [--speedup N] "
          "[--cycles N | --until-end] [--lon L --lat B --speed V --course C --alt H]",
          "sendet NMEA-Sätze wie ein GPS-Empfänger an eine serielle Schnittstelle", SimulateCommand},
+        {"top50-map", "ortelix top50-map LON LAT",
+         "zeigt den Kartencode eines Punktes und die Top50-Karte dazu aus names.dat", Top50MapCommand},
     };
     return table;
 }

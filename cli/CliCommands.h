@@ -25,5 +25,6 @@ int NmeaFilterCliCommand(const std::vector<std::string>& args);
 int CrLfCliCommand(const std::vector<std::string>& args);
 int LfCliCommand(const std::vector<std::string>& args);
 int SimulateCommand(const std::vector<std::string>& args);
+int Top50MapCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix

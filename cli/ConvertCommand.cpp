@@ -4,6 +4,7 @@
 #include "cli/CliCommands.h"
 #include "appformats/ModOziExport.h"
 #include "cli/CliSession.h"
+#include "commands/CommandRun.h"
 #include "commands/CommandTable.h"
 #include "core/Failure.h"
 #include "core/ModulShared.h"
@@ -93,8 +94,7 @@ int ConvertCommand(const std::vector<std::string>& args) {
             }
         }
     }
-    s.store.PendingName.clear();
-    return RunWriter(s, CommandTitle(*writer), [&] { writer->run(s, output); }) ? 0 : 1;
+    return WriteFileWith(s, *writer, output) ? 0 : 1;
 }
 
 }  // namespace ortelix

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "appformats/ModuleTop50Karte.h"
 #include "coordinates/ModPointInPolygon.h"
 #include "core/Failure.h"
 #include "core/ReadFilter.h"
@@ -40,8 +41,11 @@ ReadOutcome ReadFileWith(Session& s, const Command& reader, const std::string& p
         // A reader that asked for dates and broke off before clearing them
         // must not filter the next file by this one's choice.
         ClearDates(s);
+        // What was read stays, so the map follows it all the same.
+        KarteAutomatisch(s);
         return ReadOutcome::Failed;
     }
+    KarteAutomatisch(s);
     if (ItemsInStore(s.store) != before) return ReadOutcome::Read;
     s.store.StatusText.set(kNoDataFound + SplitPath(path, 2));
     return ReadOutcome::Empty;
@@ -58,8 +62,13 @@ bool WriteWith(Session& s, const Command& c) {
     const FileChoice f = FileDialog(s, CommandTitle(c), CommandFilter(c), 1, DialogMode::Save);
     if (f.path.empty()) return false;
     s.DialogFilterIndex = f.filterIndex;
+    return WriteFileWith(s, c, f.path);
+}
+
+bool WriteFileWith(Session& s, const Command& writer, const std::string& path) {
     s.store.PendingName.clear();
-    return RunWriter(s, CommandTitle(c), [&] { c.run(s, f.path); });
+    KarteAutomatisch(s);
+    return RunWriter(s, CommandTitle(writer), [&] { writer.run(s, path); });
 }
 
 std::vector<std::string> FolderFiles(const std::string& folder) {

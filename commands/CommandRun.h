@@ -34,6 +34,9 @@ ReadOutcome ReadFileWith(Session& s, const Command& reader, const std::string& p
 bool ReadWith(Session& s, const Command& c, const std::string& path);
 // The save dialog and the writer. False when nothing was written.
 bool WriteWith(Session& s, const Command& c);
+// The writer on a chosen target, under the one failure handler, the Top50
+// map chosen first. The desktop and the command line write through here.
+bool WriteFileWith(Session& s, const Command& writer, const std::string& path);
 
 // Batch reading of files: each goes by its lower-case extension to its
 // reader; an extension without one is skipped. Returns the files read.

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "appformats/ModuleTop50Karte.h"
 #include "coordinates/Datum.h"
 #include "coordinates/Geoid.h"
 #include "core/ModulMain.h"
@@ -12,6 +13,7 @@ namespace ortelix {
 
 std::string StartUp(Session& s) {
     HelmertEinlesen(s);
+    TopKartenEinlesen(s);
     GeoidLaden(s);  // heights stay 0 without the grid file
     ClearStore(s.store);
     s.UserAbort = false;

@@ -14,9 +14,15 @@ namespace ortelix {
 
 namespace {
 
-// The corners of the chosen Top50 map. The Top50 map list is not read yet, so
-// the box is empty and "Innerhalb der Karte " refuses every waypoint.
-Box Top50MapBox(const Session&) { return {}; }
+// The extent of the chosen Top50 map, List(9) of the map list. Without a
+// chosen map the box is empty and "Innerhalb der Karte " refuses every waypoint.
+Box Top50MapBox(const Session& s) {
+    const std::vector<TopKarte>& maps = s.options.Top50.Karten;
+    const int row = s.options.List[9];
+    if (row < 0 || static_cast<size_t>(row) >= maps.size()) return {};
+    const TopKarte& k = maps[static_cast<size_t>(row)];
+    return {k.W, k.S, k.O, k.N};
+}
 
 // The regions are built once for the areas read so far, and again when the
 // number of areas has changed.

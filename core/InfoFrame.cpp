@@ -44,9 +44,13 @@ InfoFrame InfoValues(const Session& s, std::string_view mapName) {
     if (o.List[7] != 1) f.LabelInfo[8] = "Koordinatenabstand wird reduziert";  // 1 is "Alle Punkte"
     if (o.List[8] != 0) f.LabelInfo[9] = "WayPointfilter aktiviert";          // 0 is "Alle eintragen"
     // Without a chosen map (no Top50 map list) the line stays empty.
-    if (!mapName.empty()) f.LabelInfo[10] = std::string(mapName) + (o.Check[0] ? " (auto)" : " (fix)");
+    if (!mapName.empty()) f.LabelInfo[10] = MapNameWithChoice(mapName, o.Check[0] != 0);
     f.StatusText = st.StatusText.text();
     return f;
+}
+
+std::string MapNameWithChoice(std::string_view name, bool automatic) {
+    return std::string(name) + (automatic ? " (auto)" : " (fix)");
 }
 
 std::string GridKindText(double m) {

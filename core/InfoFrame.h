@@ -23,6 +23,10 @@ std::string_view InfoCaption(int index);
 // map; it carries " (auto)" or " (fix)" after Check(0).
 InfoFrame InfoValues(const Session& s, std::string_view mapName);
 
+// A map's name as the main and the export form show it: " (auto)" when the
+// map is chosen automatically, else " (fix)".
+std::string MapNameWithChoice(std::string_view name, bool automatic);
+
 // The kind of the map grid: "UTM" for 2000, "Lat/Long" for 1000, else the meridian.
 std::string GridKindText(double kartenMeridian);
 // The map origin: "O = " and "N = " with the first seven characters of each number.

@@ -20,6 +20,21 @@ const std::vector<std::string_view> kWayPointFilter = {"Alle eintragen",
                                                        "Innerhalb der Karte ",
                                                        "Im Flächenqudrat der LOG-Strecke",
                                                        "An der Strecke"};
+// The Top50 overlay's lists. Its colours: Col= is the position from 1; the
+// waypoint colours are a list of their own (appformats/ModuleTop50Karte.h).
+const std::vector<std::string_view> kTopPunkt = {"Anfang", "Mitte", "Ende"};
+const std::vector<std::string_view> kTopFarben = {"Rot",     "Grün",       "Blau",    "Gelb", "Schwarz",
+                                                  "Weiß",    "Unsichtbar", "Magenta", "Cyan"};
+const std::vector<std::string_view> kTopWegpunktFarben = {"Rot",  "Grün",       "Blau", "Gelb",  "Schwarz",
+                                                          "Weiß", "Unsichtbar", "Cyan", "Türkis"};
+const std::vector<std::string_view> kTopBreiten = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "keine Linie"};
+const std::vector<std::string_view> kTopPfeile = {"Dreieck breit", "Kreis", "Dreieck schmal"};
+const std::vector<std::string_view> kTopSymbole = {"Bitmap", "Rechteck", "Kreis", "Dreieck"};
+const std::vector<std::string_view> kTopSymbolGroesse = {"120", "200", "400"};
+const std::vector<std::string_view> kTopGruppe = {"1", "2"};
+const std::vector<std::string_view> kTopTextGroesse = {"kein Text", "8", "10", "12", "14", "16", "20", "24", "30"};
+const std::vector<std::string_view> kTopTextLage = {"am Punkt", "links", "rechts", "weit links", "weit rechts"};
+const std::vector<std::string_view> kTopSchrift = {"1", "2", "3"};
 const std::vector<std::string_view> kNone;
 
 constexpr NumberRange kAny{-1.0e9, 1.0e9};  // fields whose use is not built: still far from any overflow
@@ -34,6 +49,17 @@ const std::vector<std::string_view>& FixedListEntries(size_t list) {
         case 1: return kSeparators;
         case 7: return kReduction;
         case 8: return kWayPointFilter;
+        case 2: return kTopPunkt;
+        case 10: case 11: case 12: case 13: case 14: case 21: case 22: return kTopFarben;
+        case 15: case 16: case 17: case 18: case 19: case 20: case 23: return kTopBreiten;
+        case 24: return kTopPfeile;
+        case 25: return kTopSymbole;
+        case 26: return kTopWegpunktFarben;
+        case 27: return kTopSymbolGroesse;
+        case 28: return kTopGruppe;
+        case 29: case 30: case 31: case 32: case 33: return kTopTextGroesse;
+        case 35: case 42: case 46: return kTopTextLage;
+        case 36: return kTopSchrift;
         default: return kNone;
     }
 }

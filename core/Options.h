@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/TopKarte.h"
+
 namespace ortelix {
 
 struct Options {
@@ -24,6 +26,9 @@ struct Options {
     std::array<std::string, 3> TextZeit{"00:00:00", "00:00:00", "00:00:00"};
     std::array<std::string, 4> Text{};
     std::array<int, 6> CommandSwissWPFarbe{};
+    // The entries of the Top50 map list List(9) (names.dat) and the text box
+    // "Karte" beside it; not saved: List(9) is.
+    TopKartenListe Top50;
 
     // FormMapExp: its check boxes, number fields, lists and the corner fields
     // of its "Koordinaten Eingabe" frame (north, west, south, east as degrees
