@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "appformats/ModuleTop50Karte.h"
 #include "commands/CommandRun.h"
 #include "commands/CommandTable.h"
 #include "core/InfoFrame.h"
@@ -226,8 +227,9 @@ void FormMain::run(const Command& c) {
 }
 
 void FormMain::refresh() {
-    // The Top50 map list comes with the Top50 overlay; until then no name.
-    const InfoFrame values = InfoValues(session_, "");
+    // The chosen Top50 map; without a map list the line stays empty.
+    const TopKarte* karte = GewaehlteKarte(session_);
+    const InfoFrame values = InfoValues(session_, karte ? karte->Name : std::string());
     info_->display(values);
     statusText_->setText(QString::fromStdString(values.StatusText));
 }

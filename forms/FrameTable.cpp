@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "forms/FramesTop50.h"
 #include "forms/FrameTrackFilter.h"
 #include "forms/FrameWayPointFilter.h"
 #include "forms/SettingsFrames.h"
@@ -17,7 +18,7 @@ const std::vector<FramePage>& FramePages() {
         {kFrameTop50Route, "MenSetUpTop50Route", "Top50 Route", MakeFrameTop50Route},
         {kFrameTop50WayPoint, "MenSetUpTop50WayPoint", "Top50 Waypoint", MakeFrameTop50WayPoint},
         {kFrameTop50Texte, "MenSetUpTop50Texte", "Top50 Texte", MakeFrameTop50Texte},
-        {kFrameTop50Import, "MenSetUpTop50Import", "Top50 Import", nullptr},
+        {kFrameTop50Import, "MenSetUpTop50Import", "Top50 Import", MakeFrameTop50Import},
         {kFrameSwissMap, "MenSetUpSwissMap", "Swiss Map 50", MakeFrameSwissMap},
         {kFrameTk25Track, "MenSetUpTk25Track", "TK25 Hessen Track", MakeFrameTk25Track},
         {kFrameTk25Route, "MenSetUpTk25Route", "TK25 Hessen Route", MakeFrameTk25Route},

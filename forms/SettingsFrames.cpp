@@ -53,40 +53,6 @@ QWidget* MakeFrameDatum(Session& s, QWidget* parent) {
     return f;
 }
 
-QWidget* MakeFrameTop50Karte(Session& s, QWidget* parent) {
-    auto* f = Frame(s, parent, "FrameTop50Karte", "Top50 Karte");
-    f->addCheck(0, "Karte automatisch wählen");
-    return f;
-}
-
-QWidget* MakeFrameTop50Track(Session& s, QWidget* parent) {
-    auto* f = Frame(s, parent, "FrameTop50Track", "Top50 Track");
-    f->addCheck(2, "Richtungspfeil");
-    f->addCheck(3, kTransparent);
-    return f;
-}
-
-QWidget* MakeFrameTop50Route(Session& s, QWidget* parent) {
-    auto* f = Frame(s, parent, "FrameTop50Route", "Top50 Route");
-    f->addCheck(4, kTransparent);
-    return f;
-}
-
-QWidget* MakeFrameTop50WayPoint(Session& s, QWidget* parent) {
-    auto* f = Frame(s, parent, "FrameTop50WayPoint", "Top50 Waypoint");
-    f->addCheck(5, kTransparent);
-    return f;
-}
-
-QWidget* MakeFrameTop50Texte(Session& s, QWidget* parent) {
-    auto* f = Frame(s, parent, "FrameTop50Texte", "Top50 Texte");
-    f->addText(0, "Bitmap");
-    f->addText(1, "Kreis");
-    f->addText(2, "Rechteck");
-    f->addText(3, "Dreieck");
-    return f;
-}
-
 QWidget* MakeFrameSwissMap(Session& s, QWidget* parent) {
     auto* f = Frame(s, parent, "FrameSwissMap", "Swiss Map 50");
     f->addCheck(19, kTransparent);
@@ -119,7 +85,6 @@ QWidget* MakeFrameGoogle(Session& s, QWidget* parent) {
     f->addNumber(22, "Transparenz");
     f->addNumber(23, "Linienstärke");
     f->addNumber(24, "Höhenverstärkung");
-    for (int i = 23; i <= 26; ++i) f->addCheck(i, "Zoom", "Symbolgröße it Maßstabsabhängig");
     f->addCheck(27, "Geschwindigkeit als Höhe anzeigen");
     f->addCheck(28, "Pfad bis zum  Boden verlängern");
     return f;

@@ -7,11 +7,6 @@ namespace ortelix {
 class Session;
 
 QWidget* MakeFrameDatum(Session& s, QWidget* parent);
-QWidget* MakeFrameTop50Karte(Session& s, QWidget* parent);
-QWidget* MakeFrameTop50Track(Session& s, QWidget* parent);
-QWidget* MakeFrameTop50Route(Session& s, QWidget* parent);
-QWidget* MakeFrameTop50WayPoint(Session& s, QWidget* parent);
-QWidget* MakeFrameTop50Texte(Session& s, QWidget* parent);
 QWidget* MakeFrameSwissMap(Session& s, QWidget* parent);
 QWidget* MakeFrameTk25Track(Session& s, QWidget* parent);
 QWidget* MakeFrameTk25Route(Session& s, QWidget* parent);

@@ -155,8 +155,9 @@ TEST(Top50Karte, EveryCodeFindsItsOwnRegionsRowInTheShippedTable) {
         // A state's sheet set: its centre lies in the state by the code table
         // too (Austria's west half reaches north into Bavaria's band, and the
         // overview covers several codes).
-        if (std::string(r.code).size() <= 3 && r.code[0] != 'A')
+        if (std::string(r.code).size() <= 3 && r.code[0] != 'A') {
             EXPECT_EQ(TopLand((k.W + k.O) / 2, (k.S + k.N) / 2), r.code) << k.Zeile;
+        }
         found.push_back(row);
     }
     // Sixteen codes, sixteen different rows.
@@ -177,8 +178,11 @@ TEST(Top50Karte, EveryCodeFindsItsOwnRegionsRowInTheShippedTable) {
         EXPECT_GE(k.W, 5.5);
         EXPECT_LE(k.O, 17.5);
         EXPECT_FALSE(k.MapCode.empty());
-        if (k.Massstab == 50000) EXPECT_LE(k.O - k.W, 8);
-        else EXPECT_EQ(k.Massstab, 1000000);
+        if (k.Massstab == 50000) {
+            EXPECT_LE(k.O - k.W, 8);
+        } else {
+            EXPECT_EQ(k.Massstab, 1000000);
+        }
         if (Inside(k, 7.45, 46.95) && k.Massstab == 50000) swiss = true;  // Bern
     }
     EXPECT_TRUE(swiss);
@@ -187,7 +191,12 @@ TEST(Top50Karte, EveryCodeFindsItsOwnRegionsRowInTheShippedTable) {
 TEST(Top50Karte, FindingTakesTheFirstFittingRowByItsLowerCasedName) {
     auto rows = [](std::vector<std::string> names) {
         std::vector<TopKarte> r;
-        for (auto& n : names) r.push_back(TopKarte{n, "C" + std::to_string(r.size())});
+        for (auto& n : names) {
+            TopKarte k;
+            k.Name = n;
+            k.MapCode = "C" + std::to_string(r.size());
+            r.push_back(k);
+        }
         return r;
     };
     // "sa" stands in Niedersachsen too: the earlier row wins.
@@ -207,6 +216,13 @@ TEST(Top50Karte, FindingTakesTheFirstFittingRowByItsLowerCasedName) {
     EXPECT_EQ(TopKarteFinden({}, "BW"), -1);
 }
 
+GeoPointIn Point(double lon, double lat) {
+    GeoPointIn p;
+    p.lon = lon;
+    p.lat = lat;
+    return p;
+}
+
 // A session with the shipped table, data added straight to the store.
 struct MapSession {
     FakePlatform p;
@@ -217,11 +233,16 @@ struct MapSession {
     }
     void track(std::vector<std::pair<double, double>> pts) {
         NewTrack(s.store, "t");
-        for (auto [lon, lat] : pts) StoreTrackPoint(s.store, TrackPointIn{lon, lat});
+        for (auto [lon, lat] : pts) {
+            TrackPointIn p;
+            p.lon = lon;
+            p.lat = lat;
+            StoreTrackPoint(s.store, p);
+        }
     }
     void route(std::vector<std::pair<double, double>> pts) {
         NewRoute(s.store, "r");
-        for (auto [lon, lat] : pts) AddRoutePoint(s.store, GeoPointIn{lon, lat});
+        for (auto [lon, lat] : pts) AddRoutePoint(s.store, Point(lon, lat));
     }
     int row(const char* code) const { return TopKarteFinden(s.options.Top50.Karten, code); }
 };
@@ -229,9 +250,8 @@ struct MapSession {
 TEST(Top50Karte, TheAutomaticPointIsStartMiddleOrEndOfTheFirstTrackThenRouteThenWaypoints) {
     MapSession m;
     EXPECT_FALSE(AutomatischerPunkt(m.s).has_value());
-    GeoPointIn w1{8, 50}, w2{10, 52};
-    AddWayPoint(m.s, w1);
-    AddWayPoint(m.s, w2);
+    AddWayPoint(m.s, Point(8, 50));
+    AddWayPoint(m.s, Point(10, 52));
     auto at = [&] { return *AutomatischerPunkt(m.s); };
     EXPECT_DOUBLE_EQ(at().Lon, 9);  // middle of the waypoint box
     EXPECT_DOUBLE_EQ(at().Lat, 51);
