@@ -1,5 +1,6 @@
 #include "forms/FramesTop50.h"
 
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +25,20 @@ OptionsFrame* Frame(Session& s, QWidget* parent, const char* name, const QString
 }
 
 QString Q(const std::string& text) { return QString::fromStdString(text); }
+
+// Reads the options again whenever the frame is shown: the automatic choice
+// moves the map list after every read and write.
+class RefreshOnShow : public QObject {
+public:
+    explicit RefreshOnShow(OptionsFrame* frame) : QObject(frame), frame_(frame) {}
+    bool eventFilter(QObject* watched, QEvent* e) override {
+        if (watched == frame_ && e->type() == QEvent::Show) frame_->refresh();
+        return false;
+    }
+
+private:
+    OptionsFrame* frame_;
+};
 }  // namespace
 
 QWidget* MakeFrameTop50Karte(Session& s, QWidget* parent) {
@@ -62,6 +77,7 @@ QWidget* MakeFrameTop50Karte(Session& s, QWidget* parent) {
         ausdehnung->setText(k ? Q(TopKarteAusdehnung(*k)) : QString());
         karte->setText(Q(Top50MapName(s)));
     });
+    f->installEventFilter(new RefreshOnShow(f));
     return f;
 }
 

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "appformats/ModuleTop50Karte.h"
+#include "commands/CommandRun.h"
+#include "commands/CommandTable.h"
 #include "core/FileIO.h"
 #include "core/InfoFrame.h"
 #include "core/OptionBounds.h"
@@ -14,6 +17,7 @@
 #include "core/ReadFilter.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 
 namespace ortelix {
 namespace {
@@ -310,6 +314,35 @@ TEST(Top50Karte, AutomaticChoiceMovesTheListAndTheBoxAndAFixedChoiceStays) {
     m.s.options.List[9] = 99;
     EXPECT_EQ(GewaehlteKarte(m.s), nullptr);
     EXPECT_EQ(KartenAnzeige(m.s), "");
+}
+
+TEST(Top50Karte, TheMapIsChosenAfterEachReadAndBeforeEachWrite) {
+    MapSession m;
+    m.s.options.Check[0] = 1;
+    m.s.options.List[2] = 0;
+    const std::filesystem::path dir = testfiles::FreshFolder("top50", "hooks");
+    const std::string gpx = testfiles::Put(dir / "hessen.gpx",
+                                           "<?xml version=\"1.0\"?><gpx><trk><name>t</name><trkseg>"
+                                           "<trkpt lat=\"50.11\" lon=\"8.68\"></trkpt>"
+                                           "<trkpt lat=\"50.5\" lon=\"9.0\"></trkpt></trkseg></trk></gpx>");
+    const Command* reader = FindFormat("gpx", CommandKind::Read);
+    const Command* writer = FindFormat("gpx", CommandKind::Write);
+    ASSERT_TRUE(reader && writer);
+    ASSERT_EQ(ReadFileWith(m.s, *reader, gpx), ReadOutcome::Read);
+    EXPECT_EQ(m.s.options.List[9], m.row("HE"));
+    EXPECT_EQ(m.s.options.Top50.KarteText, "TOP50_HE");
+    // "Ende" chosen after the read: the write takes the last point's map.
+    m.s.store.Tracks[0].Points.back().Lon = 11.58;
+    m.s.store.Tracks[0].Points.back().Lat = 48.14;
+    m.s.options.List[2] = 2;
+    ASSERT_TRUE(WriteFileWith(m.s, *writer, (dir / "out.gpx").string()));
+    EXPECT_EQ(m.s.options.List[9], m.row("BYS"));
+    // Fixed: neither moves it.
+    m.s.options.Check[0] = 0;
+    m.s.options.List[9] = m.row("TH");
+    ASSERT_EQ(ReadFileWith(m.s, *reader, gpx), ReadOutcome::Read);
+    ASSERT_TRUE(WriteFileWith(m.s, *writer, (dir / "out.gpx").string()));
+    EXPECT_EQ(m.s.options.List[9], m.row("TH"));
 }
 
 TEST(Top50Karte, WaypointFilterInsideTheMapTestsTheChosenRowsExtent) {

@@ -73,15 +73,17 @@ TEST(Top50Frames, TheMapListChoosesTheMapAndShowsItEverywhere) {
     QTest::keyClicks(karte, "Meine Karte");
     EXPECT_EQ(Top50MapName(s), "Meine Karte");
 
-    // The automatic choice moves the list when the frame is read again.
+    // The automatic choice moves the list; the frame shows it when shown again.
     automatic->setChecked(true);
+    form.ShowFrame(kFrameInfo);
     NewTrack(s.store, "t");
     TrackPointIn muenchen;
     muenchen.lon = 11.58;
     muenchen.lat = 48.14;
     StoreTrackPoint(s.store, muenchen);
     KarteAutomatisch(s);
-    form.refreshFrames();
+    form.ShowFrame(kFrameTop50Karte);
+    QApplication::processEvents();
     form.refresh();
     const int bys = TopKarteFinden(s.options.Top50.Karten, "BYS");
     EXPECT_EQ(list->currentRow(), bys);
