@@ -50,6 +50,7 @@ std::string Seven(double v) { return Plain(v).substr(0, 7); }
 struct LonRange {
     double west, east;
     const char* code;
+    bool eastGap = false;  // Brandenburg's range leaves out 53.2 to 53.3
 };
 struct LatBand {
     double south, north;
@@ -83,7 +84,7 @@ const std::vector<LatBand>& Bands() {
           {11.02, 12.23, "LSA"},
           {12.23, 14.73, "BB"}}},
         {52.5, 53, {{6.65, 11.01, "LGN"}, {11.01, 12.2, "LSA"}, {12.2, 14.4, "BB"}}},
-        {53, 53.5, {{7.14, 10.02, "LGN"}, {10.02, 14.7, "BB"}}},
+        {53, 53.5, {{7.14, 10.02, "LGN"}, {10.02, 14.7, "BB", true}}},
         {53.5, 54, {{6.6, 9.63, "LGN"}, {9.63, 10.9, "SHH"}, {10.9, 14.7, "MVP"}}},
         {54, 55, {{8.2, 11.34, "SHH"}, {11.34, 14.05, "MVP"}}},
     };
@@ -173,8 +174,7 @@ std::string_view TopLand(double lon, double lat) {
     for (const LatBand& b : Bands()) {
         if (!(lat >= b.south && lat < b.north)) continue;
         for (const LonRange& r : b.ranges) {
-            // Brandenburg's range leaves out 53.2 to 53.3 on the east side.
-            if (r.west == 10.02 && lat >= 53.2 && lat < 53.3) continue;
+            if (r.eastGap && lat >= 53.2 && lat < 53.3) continue;
             if (lon >= r.west && lon < r.east) return r.code;
         }
     }

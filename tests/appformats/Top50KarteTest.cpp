@@ -48,7 +48,9 @@ TEST(Top50Karte, TopLandFollowsItsBandsWithLowerBoundsIncluded) {
     EXPECT_EQ(TopLand(10.12, 47.7), "BYS");
     EXPECT_EQ(TopLand(14, 48.7), "KEINE");    // between 13.83 and 14.78
     // The east side of 53.2 to 53.3 is a gap; the west side is not.
+    EXPECT_EQ(TopLand(12, 53.2), "KEINE");
     EXPECT_EQ(TopLand(12, 53.25), "KEINE");
+    EXPECT_EQ(TopLand(14.69, 53.299), "KEINE");
     EXPECT_EQ(TopLand(9, 53.25), "LGN");
     EXPECT_EQ(TopLand(12, 53.3), "BB");
     EXPECT_EQ(TopLand(12, 53.19), "BB");
