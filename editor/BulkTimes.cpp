@@ -6,6 +6,7 @@
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
 #include "editor/CellFormats.h"
+#include "editor/ModDigiCam.h"
 #include "editor/RouteWalk.h"
 #include "platform/Platform.h"
 
@@ -98,23 +99,6 @@ bool ParseGermanMoment(std::string_view text, int64_t& seconds) {
     return true;
 }
 
-int64_t PointByTime(Session& s, const Track& t, int64_t moment) {
-    const int64_t n = static_cast<int64_t>(t.Points.size());
-    if (n == 0) return 0;
-    auto at = [&](int64_t i) { return SecondsOf(t.Points[static_cast<size_t>(i - 1)]); };
-    if (moment < at(1) || moment > at(n)) return 0;
-    int64_t lo = 1, hi = n;
-    while (hi - lo > 0) {
-        const int64_t mitte = lo + (hi - lo) / 2;
-        const int64_t tm = at(mitte);
-        if (moment > tm) lo = mitte + 1;
-        else if (moment < tm) hi = mitte - 1;
-        else lo = hi = mitte;
-        s.progress();
-    }
-    return lo;
-}
-
 int WaypointBeiZeitpunkt(Session& s, ModuleEditor& ed) {
     const std::string proposal = ed.view() == EditorView::Track ? ed.trackSum().Moment : std::string();
     const auto text = s.platform.inputBox(
@@ -129,13 +113,14 @@ int WaypointBeiZeitpunkt(Session& s, ModuleEditor& ed) {
     for (size_t t = 0; t < s.store.Tracks.size(); ++t) {
         s.store.StatusText.set("Prüfe Track ", static_cast<int64_t>(t) + 1);
         const Track& track = s.store.Tracks[t];
-        const int64_t i = PointByTime(s, track, moment);
-        if (i == 0) continue;
-        const TrackPoint& p = track.Points[static_cast<size_t>(i - 1)];
+        // The photo placing's search: where a binary search for the moment closes.
+        size_t index = 0;
+        if (!FindPointByTime(track, moment, index)) continue;
+        const TrackPoint& p = track.Points[index];
         GeoPointIn w;
         w.lon = p.Lon;
         w.lat = p.Lat;
-        w.name = "T" + std::to_string(t + 1) + "P" + std::to_string(i);
+        w.name = "T" + std::to_string(t + 1) + "P" + std::to_string(index + 1);
         w.desc = track.Name + " nach " + FormatPoint(p.DistKm, "0.00") + " km und " +
                  HoursMinutes(p.Duration.valueOr(0)) + " Std:Min";
         if (p.Alt) w.alt = *p.Alt;

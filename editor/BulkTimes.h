@@ -20,9 +20,6 @@ int WaypointBeiZeitpunkt(Session& s, ModuleEditor& ed);
 
 // "16.02.2006 16:23:10" as whole seconds; false when it is no date and time.
 bool ParseGermanMoment(std::string_view text, int64_t& seconds);
-// The search of the photo placing: the 1-based point where a binary search
-// for the moment closes; 0 when the moment lies outside the track's times.
-int64_t PointByTime(Session& s, const Track& t, int64_t seconds);
 
 // What the form "Track anpassen" hands over.
 struct TrackZeitWahl {

@@ -18,6 +18,7 @@
 #include "editor/BulkTimes.h"
 #include "editor/BulkTransfer.h"
 #include "editor/BulkTtqv.h"
+#include "editor/ModDigiCam.h"
 #include "editor/ModuleEditor.h"
 #include "editor/WebLinks.h"
 #include "forms/EditorTableModel.h"
@@ -107,8 +108,11 @@ void FormEditor::buildMenus() {
     };
     for (const BulkEntry& e : bearbeiten) addBulk(menEditBearbeiten_, e);
     menEditBearbeiten_->addSeparator();
-    // The photo tool comes with the EXIF reader.
-    addBulk(menEditBearbeiten_, {"MenEdDigiCam", "Digicam", {}});
+    // The photos' waypoints; the waypoint view shows them at once.
+    addBulk(menEditBearbeiten_, {"MenEdDigiCam", "Digicam", [&s, &ed] {
+                                     DigiCam(s);
+                                     ed.refill();
+                                 }});
 
     bulkMenu("MenUebertragen", "Übertragen",
              {{"MenTPzuW", "Trackpoint zu Waypoint", [&s, &ed, marked] { TrackpointZuWaypoint(s, ed, marked().row); }},

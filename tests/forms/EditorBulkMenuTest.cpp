@@ -15,6 +15,10 @@
 #include <QTest>
 #include <QTimer>
 
+#include <filesystem>
+#include <unistd.h>
+
+#include "editor/ExifTestSupport.h"
 #include "editor/ModuleEditor.h"
 #include "forms/EditorTableModel.h"
 #include "forms/FormEditor.h"
@@ -98,7 +102,53 @@ TEST(EditorBulkMenu, CommandsChangeTheStoreAndTheGridListsAndCountersFollow) {
     SelectRows(*f, 1, 1);
     Action(*f, "MenEdKoordClip")->trigger();
     EXPECT_EQ(m.platform.clipboard, "N 48.500000°, O 11.250000 °");
-    EXPECT_FALSE(Action(*f, "MenEdDigiCam")->isEnabled());
+}
+
+// "Digicam" with the folder filter: each photo of the folder on the track by
+// its DateTime less the camera offset of the main form; the waypoint view
+// and its counter show the new waypoints at once.
+TEST(EditorBulkMenu, DigicamPlacesTheFoldersPhotosAndTheWaypointViewFollows) {
+    const auto dir = std::filesystem::temp_directory_path() / ("ortelix-digicam-menu-" + std::to_string(::getpid()));
+    std::filesystem::remove_all(dir);
+    std::filesystem::create_directories(dir);
+    const testing::ExifBuilder b(false);
+    auto photo = [&](const std::string& name, const std::string& dateTime) {
+        testing::WriteBytes(dir / name, testing::JpegWithExif(b.tiff({{b.ascii(306, dateTime)}})));
+    };
+    photo("b Gipfel.JPG", "2006:02:16 11:04:00");
+    photo("a.jpg", "2006:02:16 11:02:00");
+    photo("spaet.jpg", "2006:02:16 13:00:00");  // outside the track's times
+    photo("c.png", "2006:02:16 11:03:00");      // not a "jpg": not looked at
+
+    StartedMainForm m;
+    FormEditor* f = OpenWith(m);
+    ASSERT_NE(f, nullptr);
+    QAction* digicam = Action(*f, "MenEdDigiCam");
+    ASSERT_NE(digicam, nullptr);
+    EXPECT_TRUE(digicam->isEnabled());
+    m.session.options.TextZeit[2] = "01:00:00";  // the camera runs an hour ahead
+    f->findChild<QRadioButton*>("OptionNMEA2")->click();
+    ASSERT_EQ(f->model()->rowCount(), 2);
+    m.platform.fileChoices.push_back({(dir / "a.jpg").string(), 2});
+    digicam->trigger();
+
+    auto& w = m.session.store.WayPoints;
+    ASSERT_EQ(w.size(), 4u);
+    EXPECT_EQ(w[2].Name, "a");
+    EXPECT_DOUBLE_EQ(w[2].Lat, 50.002);
+    EXPECT_EQ(*w[2].Time_, 36000 + 120);
+    EXPECT_EQ(w[3].Name, "b Gipfel");
+    EXPECT_DOUBLE_EQ(w[3].Lat, 50.004);
+    EXPECT_EQ(w[3].Cmt, "<a href='file://" + dir.string() + "/b%20Gipfel.JPG'>Bild</a>");
+    EXPECT_EQ(f->model()->rowCount(), 4);
+    EXPECT_EQ(f->model()->data(f->model()->index(2, 3), Qt::DisplayRole).toString(), "a");
+    EXPECT_EQ(f->findChild<QLabel*>("LabelMaxWP")->text(), "4");
+
+    // Cancelled dialog: nothing changes.
+    m.platform.fileChoices.push_back({"", 1});
+    digicam->trigger();
+    EXPECT_EQ(w.size(), 4u);
+    std::filesystem::remove_all(dir);
 }
 
 TEST(EditorBulkMenu, WebMapButtonUsesTheKeysHeldAtThePress) {
