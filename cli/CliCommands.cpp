@@ -26,6 +26,12 @@ const std::vector<CliCommand>& CliCommands() {
          "sendet NMEA-Sätze wie ein GPS-Empfänger an eine serielle Schnittstelle", SimulateCommand},
         {"top50-map", "ortelix top50-map LON LAT",
          "zeigt den Kartencode eines Punktes und die Top50-Karte dazu aus names.dat", Top50MapCommand},
+        {"exif", "ortelix exif FOTO...", "zeigt die EXIF-Angaben der Fotos, eine je Zeile", ExifCommand},
+        {"geotag",
+         "ortelix geotag --photos ORDNER|FOTO [--offset [-]HH:MM:SS] [-i FORMAT] [-o FORMAT] [--set NAME=WERT]... "
+         "EINGABE... AUSGABE",
+         "setzt für jedes Foto einen Waypoint an die Stelle des Tracks zur Aufnahmezeit und schreibt alles in die Ausgabe",
+         GeotagCommand},
     };
     return table;
 }

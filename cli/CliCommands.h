@@ -26,5 +26,7 @@ int CrLfCliCommand(const std::vector<std::string>& args);
 int LfCliCommand(const std::vector<std::string>& args);
 int SimulateCommand(const std::vector<std::string>& args);
 int Top50MapCommand(const std::vector<std::string>& args);
+int ExifCommand(const std::vector<std::string>& args);
+int GeotagCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix

@@ -170,6 +170,7 @@ PhotoResult FotoAufTrack(Session& s, const DigiCamRun& run, const std::string& p
         const bool hit = t < run.tracks.size() ? FindPointByTime(tracks[t], run.tracks[t], moment, index)
                                                : FindPointByTime(tracks[t], moment, index);
         if (!hit) continue;
+        ++result.hits;
         const TrackPoint& p = tracks[t].Points[index];
         GeoPointIn w;
         w.lon = p.Lon;

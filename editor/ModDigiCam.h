@@ -55,6 +55,7 @@ bool PhotoMoment(const std::string& dateTime, int64_t& seconds);
 
 struct PhotoResult {
     int waypoints = 0;     // waypoints added, one per track that holds the moment
+    int hits = 0;          // tracks that hold the moment (the waypoint filter may drop their waypoints)
     std::string skipped;   // why the photo was skipped (German); empty when it was searched
 };
 // One photo: its moment less the offset, looked up in every track.
