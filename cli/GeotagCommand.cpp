@@ -59,7 +59,7 @@ int GeotagCommand(const std::vector<std::string>& args) {
     // --photos and --offset are ours; the rest is convert's. They are taken
     // out first, as an offset "-01:00:00" reads like a flag.
     std::string photosArg, offsetArg;
-    bool havePhotos = false;
+    bool havePhotos = false, haveOffset = false;
     std::vector<std::string> rest;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
@@ -69,7 +69,7 @@ int GeotagCommand(const std::vector<std::string>& args) {
                 return 2;
             }
             (a == "--photos" ? photosArg : offsetArg) = args[++i];
-            havePhotos = havePhotos || a == "--photos";
+            (a == "--photos" ? havePhotos : haveOffset) = true;
         } else {
             rest.push_back(a);
         }
@@ -79,7 +79,7 @@ int GeotagCommand(const std::vector<std::string>& args) {
         return 2;
     }
     int64_t versatz = 0;
-    if (!offsetArg.empty() && !ParseOffset(offsetArg, versatz)) {
+    if (haveOffset && !ParseOffset(offsetArg, versatz)) {
         std::fprintf(stderr, "--offset %s: keine Zeit [-]HH:MM:SS\n", offsetArg.c_str());
         return 2;
     }

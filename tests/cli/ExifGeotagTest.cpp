@@ -160,10 +160,19 @@ TEST_F(ExifGeotag, GeotagOffsetSignsOnePhotoAndBadCalls) {
     ASSERT_EQ(r.code, 0) << r.out;
     EXPECT_NE(Waypoint(ortelix::ReadFileBytes(out), "spaet").find("lat=\"50.001"), std::string::npos);
 
+    // Any writable format: the OziExplorer waypoint file, read back.
+    const std::string wpt = Path("fotos.wpt");
+    r = Ortelix("geotag --photos " + late + " --offset 01:00:00 " + track + " " + wpt);
+    ASSERT_EQ(r.code, 0) << r.out;
+    r = Ortelix("info " + wpt);
+    EXPECT_NE(r.out.find("Eingelesene Wegepunkte: 1\n"), std::string::npos) << r.out;
+    EXPECT_NE(ortelix::ReadFileBytes(wpt).find("spaet"), std::string::npos);
+
     // Calls that cannot work leave the target as it is.
     File("out.gpx", "alt");
     for (const std::string& bad :
-         {"--offset 1h --photos " + late, "--offset 25:00:00 --photos " + late, "--photos " + late + " --offset",
+         {"--offset 1h --photos " + late, "--offset 25:00:00 --photos " + late, "--photos " + late + " --offset", "--offset '' --photos " + late,
+          "--offset - --photos " + late,
           "--photos " + Path("gibtsnicht"), std::string("--offset 01:00:00")}) {
         SCOPED_TRACE(bad);
         r = Ortelix("geotag " + bad + " " + track + " " + out);
