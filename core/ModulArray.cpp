@@ -151,19 +151,19 @@ void ReplaceLastTrackPoint(DataStore& s, const TrackPointIn& p, bool dropTimeDat
     }
 }
 
-size_t ReserveWayPoints(DataStore& s, size_t count) {
+size_t GrowWayPoints(DataStore& s, size_t count) {
     const size_t first = s.WayPoints.size();
     s.WayPoints.resize(first + count);
     return first;
 }
 
-size_t ReserveTrackPoints(Track& t, size_t count) {
+size_t GrowTrackPoints(Track& t, size_t count) {
     const size_t first = t.Points.size();
     t.Points.resize(first + count);
     return first;
 }
 
-size_t ReserveRoutePoints(Route& r, size_t count) {
+size_t GrowRoutePoints(Route& r, size_t count) {
     const size_t first = r.Points.size();
     r.Points.resize(first + count);
     return first;

@@ -183,9 +183,11 @@ void AddRoutePoint(DataStore& s, const GeoPointIn& p);
 void ReplaceLastTrackPoint(DataStore& s, const TrackPointIn& p, bool dropTimeData);
 // Appends the point to the last track with rounding and counting, nothing else.
 TrackPoint& StoreTrackPoint(DataStore& s, const TrackPointIn& p);
-size_t ReserveWayPoints(DataStore& s, size_t count);
-size_t ReserveTrackPoints(Track& t, size_t count);
-size_t ReserveRoutePoints(Route& r, size_t count);
+// Append `count` empty elements (for a writer that fills them in place) and
+// return the index of the first.
+size_t GrowWayPoints(DataStore& s, size_t count);
+size_t GrowTrackPoints(Track& t, size_t count);
+size_t GrowRoutePoints(Route& r, size_t count);
 void UpdateBox(Box& box, double lon, double lat);
 void ClearStore(DataStore& s);
 

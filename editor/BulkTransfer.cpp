@@ -59,7 +59,7 @@ bool TrackZuRoute(Session& s, ModuleEditor& ed) {
     NewRoute(s.store);
     const Track& track = s.store.Tracks[t];
     Route& r = s.store.Routes.back();
-    const size_t first = ReserveRoutePoints(r, track.Points.size());
+    const size_t first = GrowRoutePoints(r, track.Points.size());
     for (size_t i = 0; i < track.Points.size(); ++i) {
         GeoPoint& p = r.Points[first + i];
         p = FromTrackPoint(track.Points[i]);
@@ -73,7 +73,7 @@ bool TrackZuWaypoint(Session& s, ModuleEditor& ed) {
     const Track* track = ShownTrack(s, ed);
     if (!track) return false;
     const size_t t = static_cast<size_t>(ed.element());
-    const size_t first = ReserveWayPoints(s.store, track->Points.size());
+    const size_t first = GrowWayPoints(s.store, track->Points.size());
     for (size_t i = 0; i < track->Points.size(); ++i) {
         GeoPoint& w = s.store.WayPoints[first + i];
         w = FromTrackPoint(track->Points[i]);
@@ -92,7 +92,7 @@ bool RouteZuTrack(Session& s, ModuleEditor& ed) {
     NewTrack(s.store);
     const Route& r = s.store.Routes[ri];
     Track& t = s.store.Tracks.back();
-    const size_t first = ReserveTrackPoints(t, r.Points.size());
+    const size_t first = GrowTrackPoints(t, r.Points.size());
     for (size_t i = 0; i < r.Points.size(); ++i) {
         const GeoPoint& g = r.Points[i];
         TrackPoint& p = t.Points[first + i];
@@ -111,7 +111,7 @@ bool RouteZuTrack(Session& s, ModuleEditor& ed) {
 bool RouteZuWaypoint(Session& s, ModuleEditor& ed) {
     const Route* r = ShownRoute(s, ed);
     if (!r) return false;
-    const size_t first = ReserveWayPoints(s.store, r->Points.size());
+    const size_t first = GrowWayPoints(s.store, r->Points.size());
     for (size_t i = 0; i < r->Points.size(); ++i) {
         GeoPoint& w = s.store.WayPoints[first + i];
         w = r->Points[i];
@@ -126,7 +126,7 @@ bool RouteZuWaypoint(Session& s, ModuleEditor& ed) {
 bool WaypointZuRoute(Session& s, ModuleEditor&) {
     NewRoute(s.store);
     Route& r = s.store.Routes.back();
-    const size_t first = ReserveRoutePoints(r, s.store.WayPoints.size());
+    const size_t first = GrowRoutePoints(r, s.store.WayPoints.size());
     for (size_t i = 0; i < s.store.WayPoints.size(); ++i) {
         GeoPoint& p = r.Points[first + i];
         p = s.store.WayPoints[i];

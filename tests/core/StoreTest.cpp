@@ -115,11 +115,11 @@ TEST(Store, UpdateBoxOverwritesSidesAtExactlyZero) {
     EXPECT_EQ(z.West, 3);
 }
 
-TEST(Store, ReserveAndClear) {
+TEST(Store, GrowAndClear) {
     FakePlatform p;
     Session s(p);
-    EXPECT_EQ(ReserveWayPoints(s.store, 3), 0u);
-    EXPECT_EQ(ReserveWayPoints(s.store, 2), 3u);
+    EXPECT_EQ(GrowWayPoints(s.store, 3), 0u);
+    EXPECT_EQ(GrowWayPoints(s.store, 2), 3u);
     EXPECT_EQ(s.store.WayPoints.size(), 5u);
     EXPECT_EQ(s.store.WayPointCount, 0);  // reserving counts nothing
     AddTrackPoint(s, Pt(1, 1));
