@@ -15,14 +15,9 @@ big=$work/big-$points.gpx
 [ -f "$big" ] || python3 "$here/make-big-gpx.py" "$big" "$points"
 export ASAN_OPTIONS=detect_leaks=0
 
-measure() {  # label, command...: prints "seconds peak_kb"
-  local log=$work/time-ozi-$1.txt; shift
-  /usr/bin/time -v "$@" >/dev/null 2>"$log"
-  local wall rss
-  wall=$(awk -F': ' '/Elapsed \(wall clock\)/ {print $2}' "$log")
-  rss=$(awk -F': ' '/Maximum resident set size/ {print $2}' "$log")
-  echo "$(echo "$wall" | awk -F: '{s=0; for(i=1;i<=NF;i++) s=s*60+$i; print s}') $rss"
-}
+measure_tag=ozi
+# shellcheck source=bench/measure.sh
+source "$here/measure.sh"
 
 # gpsbabel reads all and writes nothing when every kind is dropped before the output.
 nothing=(-x nuketypes,waypoints,tracks,routes -o gpx -F /dev/null)

@@ -293,10 +293,10 @@ void FormEditor::sizeColumns() {
     // 6 pixels wide; they grow with this font's digits, and never cut a heading.
     const double scale = std::max(1.0, fm.horizontalAdvance(QString(10, '0')) / 60.0);
     for (int c = 0; c < model_->columnCount(); ++c) {
-        const int spec = static_cast<int>(twips(editor_->widthTwips(c)) * scale);
+        const int given = static_cast<int>(twips(editor_->widthTwips(c)) * scale);
         const QString heading = QString::fromUtf8(editor_->heading(c));
         const int head = headFm.horizontalAdvance(heading) + 2 * headFm.averageCharWidth() + 6;
-        grid_->setColumnWidth(c, std::max(spec, head));
+        grid_->setColumnWidth(c, std::max(given, head));
     }
 }
 
