@@ -3,6 +3,8 @@
 // that the expected lengths are known without the distance routine: near
 // points are measured on a sphere of 6371.299 km.
 #include <cmath>
+#include <initializer_list>
+#include <utility>
 #include <numbers>
 #include <string>
 
@@ -30,6 +32,18 @@ inline TrackPoint PointAt(double north, int seconds, OptInt alt = {}) {
     p.Time_ = seconds % kSecondsPerDay;
     p.Alt = alt;
     return p;
+}
+
+// A track of points `north` metres north of the base with their altitudes,
+// one a minute from 10:00.
+inline Track MinuteTrack(std::initializer_list<std::pair<double, OptInt>> points) {
+    Track t;
+    int seconds = 10 * 3600;
+    for (const auto& [north, alt] : points) {
+        t.Points.push_back(PointAt(north, seconds, alt));
+        seconds += 60;
+    }
+    return t;
 }
 
 inline GeoPoint GeoAt(double north, double east, std::string name) {

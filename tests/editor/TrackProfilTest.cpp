@@ -5,12 +5,15 @@
 #include <numbers>
 
 #include "core/Session.h"
+#include "editor/EditorTestSupport.h"
 #include "editor/ModuleEditor.h"
 #include "editor/TrackProfil.h"
 #include "fake/FakePlatform.h"
 
 namespace ortelix {
 namespace {
+
+using testing::MinuteTrack;
 
 TrackPoint At(double km, OptInt alt) {
     TrackPoint p;
@@ -91,30 +94,12 @@ TEST(TrackProfil, ATrackWithoutPointsOrLengthDrawsOnlyWhatItHas) {
                                                                 {0, 200, 0, 400, kProfilRed}}));
 }
 
-// A track laid along the meridian of 10°E from 50°N, `metres` apart as a
-// sphere of the earth's mean radius counts them: the ellipsoid of the
-// distance routine measures a few metres less on 4.5 km, far from a unit.
-Track NorthTrack(std::initializer_list<std::pair<double, OptInt>> points) {
-    Track t;
-    int seconds = 36000;
-    for (const auto& [north, alt] : points) {
-        TrackPoint p;
-        p.Lon = 10;
-        p.Lat = 50 + north / 6371000.0 * 180.0 / std::numbers::pi;
-        p.Date_ = 38764;
-        p.Time_ = seconds;
-        seconds += 60;
-        p.Alt = alt;
-        t.Points.push_back(p);
-    }
-    return t;
-}
 
 TEST(TrackProfil, RunsTheTrackFillFirstSoThatAnUnfilledTrackGetsItsScale) {
     FakePlatform platform;
     Session s(platform);
-    s.store.Tracks.push_back(NorthTrack({{0, 120}, {2000, {}}, {4550, 300}}));
-    s.store.Tracks.push_back(NorthTrack({{0, 10}, {1000, 20}}));
+    s.store.Tracks.push_back(MinuteTrack({{0, 120}, {2000, {}}, {4550, 300}}));
+    s.store.Tracks.push_back(MinuteTrack({{0, 10}, {1000, 20}}));
     ASSERT_EQ(s.store.Tracks[0].Points.back().DistKm, 0);  // nothing filled yet
     ModuleEditor editor(s);
     editor.showTrack(1);

@@ -12,6 +12,7 @@
 #include <numbers>
 
 #include "core/ModulShared.h"
+#include "editor/EditorTestSupport.h"
 #include "editor/ModuleEditor.h"
 #include "forms/FormEditor.h"
 #include "forms/FormTrackAnalyse.h"
@@ -20,26 +21,10 @@
 namespace ortelix {
 namespace {
 
+using testing::MinuteTrack;
+
 using testgui::StartedMainForm;
 
-// Points along the meridian of 10°E, `north` metres from 50°N (a sphere of
-// the mean radius; the ellipsoid measures a few metres less on 4.5 km), one
-// a minute.
-Track NorthTrack(std::initializer_list<std::pair<double, OptInt>> points) {
-    Track t;
-    int seconds = 36000;
-    for (const auto& [north, alt] : points) {
-        TrackPoint p;
-        p.Lon = 10;
-        p.Lat = 50 + north / 6371000.0 * 180.0 / std::numbers::pi;
-        p.Date_ = 38764;
-        p.Time_ = seconds;
-        seconds += 60;
-        p.Alt = alt;
-        t.Points.push_back(p);
-    }
-    return t;
-}
 
 bool IsRed(QRgb c) { return qRed(c) > 200 && qGreen(c) < 80 && qBlue(c) < 80; }
 bool IsGreen(QRgb c) { return qGreen(c) > 200 && qRed(c) < 80 && qBlue(c) < 80; }
@@ -73,7 +58,7 @@ struct OpenedProfile {
     FormTrackAnalyse* analysis = nullptr;
 
     explicit OpenedProfile(Track t) {
-        m.session.store.Tracks.push_back(NorthTrack({{0, 10}}));
+        m.session.store.Tracks.push_back(MinuteTrack({{0, 10}}));
         t.Name = "Rundweg";
         m.session.store.Tracks.push_back(std::move(t));
         m.form.runCommand("MenEinEditor");
@@ -91,7 +76,7 @@ struct OpenedProfile {
 TEST(TrackAnalyse, TestButtonDrawsTheProfileOfTheSelectedTrackWithItsTotals) {
     // 4.55 km in 15 minutes with a stay of 12 minutes near 2 km, one point
     // without altitude.
-    Track t = NorthTrack({{0, 120}, {1000, 180}, {2050, {}}, {2090, 220}, {2110, 230}, {3050, 450}, {4550, 300}});
+    Track t = MinuteTrack({{0, 120}, {1000, 180}, {2050, {}}, {2090, 220}, {2110, 230}, {3050, 450}, {4550, 300}});
     t.Points[4].Time_ = t.Points[3].Time_.value() + 600;
     for (size_t i = 5; i < t.Points.size(); ++i) t.Points[i].Time_ = t.Points[i - 1].Time_.value() + 60;
     OpenedProfile o(std::move(t));
@@ -140,7 +125,7 @@ TEST(TrackAnalyse, TestButtonDrawsTheProfileOfTheSelectedTrackWithItsTotals) {
 }
 
 TEST(TrackAnalyse, ResizeDrawsAgainFromTheSameDataAndCutsAtTheTop) {
-    OpenedProfile o(NorthTrack({{0, 100}, {1550, 650}, {3050, 250}, {4550, 480}}));
+    OpenedProfile o(MinuteTrack({{0, 100}, {1550, 650}, {3050, 250}, {4550, 480}}));
     ASSERT_NE(o.analysis, nullptr);
     FormTrackAnalyse& a = *o.analysis;
     const std::vector<ProfilLine> before = a.drawing().lines;
