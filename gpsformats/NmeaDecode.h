@@ -37,7 +37,6 @@ struct NmeaDecodeOptions {
 
 // The options of a session's table. The geoid table is loaded here when the
 // correction is on, so that no line has to ask for it.
-class Session;
 NmeaDecodeOptions NmeaOptionsOf(Session& s);
 
 // Carried from line to line: GGA and PMGNTRK lines take the date that the
