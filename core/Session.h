@@ -14,6 +14,31 @@ namespace ortelix {
 
 class Platform;
 
+// One part of the export plan: its edges in WGS 84 degrees and the Top50 map
+// that covers its centre (empty where no map is chosen).
+struct KartenTeil {
+    double LaengeWest = 0;
+    double LaengeOst = 0;
+    double BreiteSued = 0;
+    double BreiteNord = 0;
+    std::string KartenName;
+};
+
+// The export frame that FormMapExp shows; it decides the sort, the pixel
+// size and the MagicMaps test of the plan.
+enum class KartenFrame { Keiner, Top50, Tk25, MagicMaps, Swiss, GoogleEarth, OziMap };
+
+// The export plan: its parts (numbered from 1 by their position + 1) and the
+// projection they are cut in.
+struct ExportPlan {
+    std::vector<KartenTeil> KartenTeilListe;
+    double KartenMeridian = 1000;  // degrees; 1000 latitude/longitude, 2000 UTM
+    KartenFrame Frame = KartenFrame::Keiner;
+    int KartenMassstab = 0;        // Top50 scale; 0 reads as 50000
+    double MeterProPixel = 0;      // Swiss Map resolution
+    int TeilNummer = 0;            // the part shown now
+};
+
 class Session {
 public:
     explicit Session(Platform& platform) : platform(platform) {}
@@ -27,6 +52,7 @@ public:
     TrackStatState trackStats;
     DateChoice dates;
     CoordinateState coords;  // datum table, geoid grid, area regions
+    ExportPlan plan;
 
     // Set only by Wait (the right mouse button during a wait); every command
     // starts with it cleared.
