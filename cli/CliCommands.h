@@ -28,5 +28,6 @@ int SimulateCommand(const std::vector<std::string>& args);
 int Top50MapCommand(const std::vector<std::string>& args);
 int ExifCommand(const std::vector<std::string>& args);
 int GeotagCommand(const std::vector<std::string>& args);
+int CalibrateCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix

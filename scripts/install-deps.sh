@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-charts-dev libqt6opengl6-dev
   libgl-dev libxtst-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  gpsbabel proj-bin proj-data gpsd gpsd-clients socat
+  gpsbabel proj-bin proj-data gdal-bin gpsd gpsd-clients socat
   libimage-exiftool-perl giflib-tools mdbtools-dev xvfb time
   libxml2-utils qt6-translations-l10n linux-perf
 )
