@@ -6,6 +6,7 @@
 #include "commands/CommandRun.h"
 #include "gpsformats/GPX.h"
 #include "gpsformats/Nmea.h"
+#include "mapexport/ModKarteFlaeche.h"
 
 namespace ortelix {
 
@@ -230,9 +231,9 @@ const std::vector<Command>& CommandTable() {
 
         // Tools
         {"MenToolsMapExp", "Kartenexport", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsFlAusTracks", "Tracks", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsFlAusRouten", "Routen", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
-        {"MenToolsFlAusWP", "Waypoints", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, nullptr, "", nullptr},
+        {"MenToolsFlAusTracks", "Tracks", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, FlaechenAusTracks, "", nullptr},
+        {"MenToolsFlAusRouten", "Routen", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, FlaechenAusRouten, "", nullptr},
+        {"MenToolsFlAusWP", "Waypoints", "MenTools/Flächen aus bereits eingelesenen", A, nullptr, nullptr, FlaechenAusWegepunkten, "", nullptr},
         {"MenToolsNMEASim", "NMEA Simulator", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},
         {"MenToolsNMEAFilter", "NMEA Filter", "MenTools", A, nullptr, nullptr, NmeaFilterCommand, "", nullptr},
         {"MenToolsTTBitmap", "TomTom Bitmap", "MenTools", T, nullptr, nullptr, nullptr, "", nullptr},

@@ -63,6 +63,10 @@ void KartenprojektionFragen(Session& s);
 // The meridian of a .map file's projection: 1000 latitude/longitude, 2000
 // UTM, the setup line's central meridian for Transverse Mercator; 0 unknown.
 double OziMapMeridian(std::string_view bytes);
+// The areas of a .map file, or of every .map in a folder, and KartenMeridian
+// from the (first) file's projection; returns that meridian, 0 when no file
+// named a known projection (KartenMeridian then stays).
+double MapFlaechenEinlesen(Session& s, const std::string& fileOrFolder);
 
 // An area per track, per route, one for all waypoints.
 void FlaechenAusTracks(Session& s, const std::string& unused);

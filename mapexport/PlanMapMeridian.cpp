@@ -1,4 +1,8 @@
 // The projection of an OziExplorer .map as the plan's meridian.
+#include <filesystem>
+
+#include "appformats/ModOziMap.h"
+#include "core/FileIO.h"
 #include "core/ModulShared.h"
 #include "mapexport/ModKarteFlaeche.h"
 
@@ -44,6 +48,20 @@ double OziMapMeridian(std::string_view bytes) {
     if (projektion == "latitude/longitude") return 1000;
     if (projektion.find("utm") != std::string::npos) return 2000;
     return 0;
+}
+
+double MapFlaechenEinlesen(Session& s, const std::string& fileOrFolder) {
+    if (fileOrFolder.empty()) return 0;
+    std::error_code ec;
+    std::string first = fileOrFolder;
+    if (std::filesystem::is_directory(fileOrFolder, ec)) {
+        const std::vector<std::string> maps = FilesWithExtension(fileOrFolder, "map");
+        first = maps.empty() ? std::string() : maps.front();
+    }
+    const double m = first.empty() ? 0 : OziMapMeridian(ReadFileBytes(first));
+    OziMapEinlesen(s, fileOrFolder);
+    if (m != 0) s.plan.KartenMeridian = m;
+    return m;
 }
 
 }  // namespace ortelix

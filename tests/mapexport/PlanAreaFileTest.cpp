@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "commands/CommandTable.h"
 #include "core/FileIO.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
@@ -121,9 +122,13 @@ TEST(PlanAreaFile, AnAreaPerTrackPerRouteAndOneForAllWaypoints) {
     s.store.WayPoints[1].Lon = 11, s.store.WayPoints[1].Lat = 47;
     s.store.WayPointListName = "Gipfel";
 
-    FlaechenAusTracks(s, "");
-    FlaechenAusRouten(s, "");
-    FlaechenAusWegepunkten(s, "");
+    // Through the tool menu's rows, as the main form runs them.
+    for (const char* control : {"MenToolsFlAusTracks", "MenToolsFlAusRouten", "MenToolsFlAusWP"}) {
+        const Command* c = FindCommand(control);
+        ASSERT_NE(c, nullptr);
+        ASSERT_NE(c->run, nullptr) << control;
+        c->run(s, "");
+    }
     ASSERT_EQ(s.store.Flaechen.size(), 2u);
     const Flaeche& t = s.store.Flaechen[0];
     EXPECT_EQ(t.Name, "Runde");
@@ -169,6 +174,39 @@ TEST(PlanAreaFile, MapCheckOutlinesEachPartAsATrackSegmentWithACentreWaypoint) {
     EXPECT_NE(wpt.find("\r\n2,_02,50.050000,8.300000,"), std::string::npos);
     EXPECT_EQ(ReadFileBytes(files[2]), "8.000000 ; 50.100000 ; 8.200000 ; 50.000000 ; Plan_Check001\r\n"
                                        "8.200000 ; 50.100000 ; 8.400000 ; 50.000000 ; Plan_Check002\r\n");
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+TEST(PlanAreaFile, AMapGivesItsAreaAndItsMeridian) {
+    const auto dir = testfiles::FreshFolder("mapexport", "mapareas");
+    const std::string head = "OziExplorer Map Data File Version 2.2\r\nNord\r\nnord.jpg\r\n1 ,Map Code,\r\n"
+                             "WGS 84,WGS 84,   0.0000,   0.0000,WGS 84\r\nReserved 1\r\nReserved 2\r\n"
+                             "Magnetic Variation,,,E\r\n";
+    const std::string corners = "MMPLL,1,   9.000000,  50.200000\r\nMMPLL,3,   9.300000,  50.000000\r\n";
+    const std::string tm = testfiles::Put(
+        dir / "a.map", head + "Map Projection,Transverse Mercator,PolyCal,No\r\n"
+                              "Projection Setup,     0.000000000,    12.000000000,     1.000000000,,,,,,,\r\n" +
+                           corners);
+    FakePlatform p;
+    Session s(p);
+    EXPECT_EQ(MapFlaechenEinlesen(s, tm), 12);
+    EXPECT_EQ(s.plan.KartenMeridian, 12);
+    ASSERT_EQ(s.store.Flaechen.size(), 1u);
+    EXPECT_EQ(s.store.Flaechen[0].Name, "Nord");
+    EXPECT_EQ(s.store.Flaechen[0].West, 9.0);
+    EXPECT_EQ(s.store.Flaechen[0].South, 50.0);
+
+    // A projection the plan does not know leaves the meridian.
+    const std::string other = testfiles::Put(
+        dir / "b.map", head + "Map Projection,Mercator,PolyCal,No\r\nProjection Setup,,,,,,,,,,\r\n" + corners);
+    EXPECT_EQ(MapFlaechenEinlesen(s, other), 0);
+    EXPECT_EQ(s.plan.KartenMeridian, 12);
+    EXPECT_EQ(s.store.Flaechen.size(), 2u);
 }
 
 }  // namespace
