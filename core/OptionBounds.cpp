@@ -120,6 +120,11 @@ NumberRange NMEABoxRange(size_t i) {
 
 NumberRange MapExpKoordRange(size_t) { return kMinutes; }
 
+int MapExpListEntries(size_t list) {
+    static constexpr int kEntries[5] = {6, 5, 6, kOpenListEntries, 5};
+    return list < 5 ? kEntries[list] : 0;
+}
+
 NumberRange SimFactorRange() { return {0, 1.0e6}; }
 
 bool NumberInRange(std::string_view text, NumberRange r) {

@@ -24,8 +24,11 @@ int ListEntriesWithDatums(size_t list, size_t datumCount);
 inline constexpr int kOpenListEntries = 100;
 // ListFeld(i): "kein" and the columns 1 to 30.
 inline constexpr int kListFeldEntries = 31;
-// The lists of FormMapExp and FormNMEASim have no fixed texts here yet.
-inline constexpr int kMapExpListEntries = kOpenListEntries;
+// How many entries List(i) of FormMapExp has: the Swiss scales, the PathAway
+// colour depths, the image types, the MagicMaps maps (as many as
+// magicmaps.dat holds: open) and the MapStitcher colour depths.
+int MapExpListEntries(size_t list);
+// The lists of FormNMEASim have no fixed texts here yet.
 inline constexpr int kNMEASimListEntries = kOpenListEntries;
 // CommandSwissWPFarbe: an RGB value.
 inline constexpr int kLargestColour = 0xFFFFFF;

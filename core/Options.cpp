@@ -118,7 +118,7 @@ bool SetOption(Options& o, std::string_view name, std::string_view value) {
     if (array == "Text") return SetText(o.Text, i, value);
     if (array == "MapExpCheck") return SetCheck(o.MapExpCheck, i, value);
     if (array == "ZahlInput") return SetNumber(o.ZahlInput, i, value, ZahlRange(i));
-    if (array == "MapExpList") return SetIndex(o.MapExpList, i, value, kMapExpListEntries);
+    if (array == "MapExpList") return SetIndex(o.MapExpList, i, value, MapExpListEntries(i));
     if (array == "MapExpKoordInput") return SetNumber(o.MapExpKoordInput, i, value, MapExpKoordRange(i));
     if (array == "OptionNMEA") return SetCheck(o.OptionNMEA, i, value);
     if (array == "NMEABox") return SetNumber(o.NMEABox, i, value, NMEABoxRange(i));

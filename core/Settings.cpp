@@ -144,10 +144,31 @@ std::vector<std::string> LoadSettings(Session& s, bool mapStitcherFound) {
         o.ZahlInput[i] = r.number(kMapExpLoad, Key("ZahlEingabe", i), base.ZahlInput[i], ZahlRange(i));
     o.PhotoshopExe9 = r.text(kMapExpLoad, "PhotoshopExe9", base.PhotoshopExe9);
     for (size_t i = 0; i < o.MapExpList.size(); ++i)
-        o.MapExpList[i] = r.index(kMapExpSave, Key("ListTopIndex", i), base.MapExpList[i], kMapExpListEntries);
+        o.MapExpList[i] = r.index(kMapExpSave, Key("ListTopIndex", i), base.MapExpList[i], MapExpListEntries(i));
     // A scale below 0.2 metres per pixel is no usable map.
     if (o.Zahl(0) < 0.2) o.ZahlInput[0] = "3.5";
     return notices;
+}
+
+void ResetMapExpSettings(Options& o, bool mapStitcherFound) {
+    for (int i : {0, 1, 2, 4, 5, 6, 7, 11, 12, 15, 18, 19, 20}) o.MapExpCheck[static_cast<size_t>(i)] = 0;
+    for (int i : {3, 13, 14, 16}) o.MapExpCheck[static_cast<size_t>(i)] = 1;
+    o.ZahlInput[0] = "3.5";
+    o.ZahlInput[1] = "30";
+    o.ZahlInput[2] = "2";
+    o.ZahlInput[3] = "1";
+    o.ZahlInput[4] = "1";
+    o.ZahlInput[5] = "100";
+    o.ZahlInput[8] = "0";
+    o.MapExpList[0] = 1;
+    o.MapExpList[1] = 1;
+    o.MapExpList[2] = 0;
+    o.MapExpList[4] = 0;
+    o.MapExpKoordInput[6] = "51";
+    o.MapExpKoordInput[0] = "8";
+    o.MapExpKoordInput[2] = "50";
+    for (int i : {1, 3, 5, 7}) o.MapExpKoordInput[static_cast<size_t>(i)] = "0";
+    if (!mapStitcherFound) o.MapExpCheck[13] = 0;
 }
 
 void ResetSettings(Options& o, bool mapStitcherFound) {
@@ -180,24 +201,7 @@ void ResetSettings(Options& o, bool mapStitcherFound) {
         {47, 4}, {48, 0}, {49, 7}};
     for (const auto& [i, v] : kLists) o.List[static_cast<size_t>(i)] = v;
 
-    for (int i : {0, 1, 2, 4, 5, 6, 7, 11, 12, 15, 18, 19, 20}) o.MapExpCheck[static_cast<size_t>(i)] = 0;
-    for (int i : {3, 13, 14, 16}) o.MapExpCheck[static_cast<size_t>(i)] = 1;
-    o.ZahlInput[0] = "3.5";
-    o.ZahlInput[1] = "30";
-    o.ZahlInput[2] = "2";
-    o.ZahlInput[3] = "1";
-    o.ZahlInput[4] = "1";
-    o.ZahlInput[5] = "100";
-    o.ZahlInput[8] = "0";
-    o.MapExpList[0] = 1;
-    o.MapExpList[1] = 1;
-    o.MapExpList[2] = 0;
-    o.MapExpList[4] = 0;
-    o.MapExpKoordInput[6] = "51";
-    o.MapExpKoordInput[0] = "8";
-    o.MapExpKoordInput[2] = "50";
-    for (int i : {1, 3, 5, 7}) o.MapExpKoordInput[static_cast<size_t>(i)] = "0";
-    if (!mapStitcherFound) o.MapExpCheck[13] = 0;
+    ResetMapExpSettings(o, mapStitcherFound);
 
     o.OptionNMEA[1] = 0;
     o.OptionNMEA[2] = 1;

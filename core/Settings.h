@@ -22,6 +22,9 @@ std::vector<std::string> LoadSettings(Session& s, bool mapStitcherFound = false)
 // The reset values; they stay unsaved until SaveSettings. Without MapStitcher
 // its check box of FormMapExp is forced off.
 void ResetSettings(Options& o, bool mapStitcherFound);
+// The part of the reset that belongs to FormMapExp ("Grundeinstellung" of
+// its menu): its check boxes, number fields, lists and corner fields.
+void ResetMapExpSettings(Options& o, bool mapStitcherFound);
 
 // Start-up: the first start (an empty store) resets, every other start
 // loads. Returns the notices of LoadSettings.

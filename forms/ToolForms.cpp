@@ -3,13 +3,14 @@
 #include <cstring>
 
 #include "forms/FormEditor.h"
+#include "forms/FormMapExp.h"
 #include "forms/FormNMEASim.h"
 
 namespace ortelix {
 
 const std::vector<ToolForm>& ToolForms() {
     static const std::vector<ToolForm> forms = {
-        {"MenToolsMapExp", nullptr},
+        {"MenToolsMapExp", &FormMapExp::open},
         {"MenToolsNMEASim", &FormNMEASim::open},
         {"MenToolsTTBitmap", nullptr},
         {"MenEinEditor", &FormEditor::open},
