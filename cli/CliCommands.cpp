@@ -19,6 +19,10 @@ const std::vector<CliCommand>& CliCommands() {
         {"calibrate",
          "ortelix calibrate BILD BREITE HOEHE LON_W LAT_N LON_O LAT_S [--meridian M|latlong|utm] [--set NAME=WERT]...",
          "schreibt neben das Bild die .map und alle Kalibrierungsdateien", CalibrateCommand},
+        {"plan",
+         "ortelix plan [--type N] [--meridian M|latlong|utm] [--set NAME=WERT]... [--csv AUSGABE.csv] "
+         "[--check NAME] FLAECHENDATEI...",
+         "teilt die Flächen in Kartenteile und zeigt je Teil Ecken und Größe", PlanCommand},
         {"nmea-filter", "ortelix nmea-filter EINGABE AUSGABE",
          "kopiert ein NMEA-Log mit den Sätzen GGA, GLL, GSA, GSV, RMC und VTG", NmeaFilterCliCommand},
         {"crlf", "ortelix crlf EINGABE AUSGABE", "schreibt jedes LF als CR LF (LF zu CRLF)", CrLfCliCommand},

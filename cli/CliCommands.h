@@ -29,5 +29,6 @@ int Top50MapCommand(const std::vector<std::string>& args);
 int ExifCommand(const std::vector<std::string>& args);
 int GeotagCommand(const std::vector<std::string>& args);
 int CalibrateCommand(const std::vector<std::string>& args);
+int PlanCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix
