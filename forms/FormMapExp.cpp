@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <exception>
 #include <filesystem>
 
 #include "commands/CommandRun.h"
@@ -173,7 +174,11 @@ void FormMapExp::planen(int kartenTyp) {
     kartenTyp_ = kartenTyp;
     showSettings(false);
     // Types 8 and 9 have had their meridian from the area file or the .map.
-    KartePlanen(session_, kartenTyp, kartenTyp == 8 || kartenTyp == 9);
+    try {
+        KartePlanen(session_, kartenTyp, kartenTyp == 8 || kartenTyp == 9);
+    } catch (const std::exception& e) {
+        message(std::string(e.what()) + " Fehler!", kTitle);
+    }
     showFrame(session_.plan.Frame);
     refresh();
     if (session_.plan.KartenTeilListe.empty()) message(kNoAreas, kTitle);

@@ -16,6 +16,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
 #include <cmath>
@@ -560,6 +561,73 @@ TEST(MapExpForm, ListSettingsStayWithinTheirEntries) {
     ASSERT_NE(f, nullptr);
     EXPECT_EQ(Child<QComboBox>(*f, "List4")->currentText(), "32 bit");
     EXPECT_EQ(Child<QComboBox>(*f, "List2")->currentText(), Text("unverändert"));
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The other sources of areas: what the store holds, and an OziExplorer .map
+// with its own meridian; and the meridian asked for by hand.
+TEST(MapExpForm, AreasFromTheStoreAndFromAnOziMap) {
+    StartedMainForm app;
+    FormMapExp* f = OpenMapExp(app);
+    ASSERT_NE(f, nullptr);
+    DataStore& s = app.session.store;
+    NewTrack(s, "Runde");
+    for (const auto& [lon, lat] : {std::pair{8.1, 50.1}, std::pair{8.3, 50.2}}) {
+        TrackPointIn p;
+        p.lon = lon;
+        p.lat = lat;
+        StoreTrackPoint(s, p);
+    }
+    f->runCommand(Text("MenFläAusEinTrack"));
+    ASSERT_EQ(app.session.plan.KartenTeilListe.size(), 1U);
+    EXPECT_EQ(LabelText(*f, "LabelKartenteile"), Text("1 Teile"));
+    // A fresh plan cuts at the longitude of the area's first point.
+    EXPECT_NEAR(LabelText(*f, "LabelKoordKartenGrenze0").toDouble(), 8.1, 0.002);
+    EXPECT_NEAR(LabelText(*f, "LabelKoordKartenGrenze3").toDouble(), 50.1, 0.002);
+
+    f->runCommand("MapMenExpNeu");
+    EXPECT_EQ(s.TrackCount, 0);
+    app.platform.fileChoices.push_back({std::string(ORTELIX_SOURCE_DIR) + "/tests/data/ozi/taunus-tm9.map", 1});
+    f->runCommand("MenMapKaliInp");
+    EXPECT_EQ(app.platform.fileDialogTitles.back(), Text("OziExplorer Map-Datei auswählen").toStdString());
+    EXPECT_EQ(app.session.plan.KartenMeridian, 9);
+    ASSERT_EQ(app.session.plan.KartenTeilListe.size(), 1U);
+    EXPECT_EQ(LabelText(*f, "LabelKartenteile"), Text("1 Teile"));
+
+    // "Karten-Meridian wählen": Lat/Long is offered for 1000, UTM gives 2000,
+    // Abbrechen latitude and longitude.
+    app.platform.inputs.push_back("UTM");
+    f->runCommand("MenMapExpMeri");
+    EXPECT_EQ(app.session.plan.KartenMeridian, 2000);
+    app.platform.inputs.push_back("10,5");
+    f->runCommand("MenMapExpMeri");
+    EXPECT_EQ(app.session.plan.KartenMeridian, 10.5);
+    f->runCommand("MenMapExpMeri");  // OK on the value offered keeps it
+    EXPECT_EQ(app.session.plan.KartenMeridian, 10.5);
+    app.platform.inputs.push_back("");  // Abbrechen
+    f->runCommand("MenMapExpMeri");
+    EXPECT_EQ(app.session.plan.KartenMeridian, 1000);
+}
+
+// Turning the wheel over a list of the settings page does not change it
+// unless the list has the focus.
+TEST(MapExpForm, WheelOverTheSettingsChangesNothing) {
+    StartedMainForm app;
+    FormMapExp* f = OpenMapExp(app);
+    ASSERT_NE(f, nullptr);
+    f->runCommand("MenMapExpSetUp");
+    auto* list = Child<QComboBox>(*f, "List0");
+    const QPoint at = list->rect().center();
+    QWheelEvent wheel(at, list->mapToGlobal(at), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(list, &wheel);
+    EXPECT_EQ(list->currentIndex(), 1);
+    EXPECT_EQ(app.session.options.MapExpList[0], 1);
 }
 
 }  // namespace
