@@ -24,6 +24,7 @@
 #include "core/Settings.h"
 #include "forms/FormMapExp.h"
 #include "forms/FormMenu1.h"
+#include "forms/FrameTable.h"
 #include "forms/GuiSupport.h"
 
 namespace ortelix {
@@ -628,6 +629,35 @@ TEST(MapExpForm, WheelOverTheSettingsChangesNothing) {
     QApplication::sendEvent(list, &wheel);
     EXPECT_EQ(list->currentIndex(), 1);
     EXPECT_EQ(app.session.options.MapExpList[0], 1);
+}
+
+}  // namespace
+}  // namespace ortelix
+
+namespace ortelix {
+namespace {
+
+// The Top50 frame names the map the export uses; "Karte" hands the choice
+// of the map to the user: automatic choice off, back to the main form's map list.
+TEST(MapExpForm, Top50FrameShowsTheMapAndKarteLeadsToTheMapList) {
+    StartedMainForm app;
+    FormMapExp* f = OpenMapExp(app);
+    ASSERT_NE(f, nullptr);
+    ASSERT_FALSE(app.session.options.Top50.Karten.empty());
+    app.platform.fileChoices.push_back({AreaFile("top50.csv"), 1});
+    f->runCommand(Text("MenMapFlächenTxtEin"));
+    f->runCommand("MenMapExp1");
+    const QString karte = LabelText(*f, "LabelTop50Karte");
+    EXPECT_TRUE(karte.endsWith(" (auto)")) << karte.toStdString();
+    EXPECT_GT(karte.size(), 7);
+
+    Child<QPushButton>(*f, "CommandKartew")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(app.session.options.Check[0], 0);
+    EXPECT_FALSE(f->isVisible());
+    const FramePage* page = FrameOfCommand("MenSetUpTop50Karte");
+    ASSERT_NE(page, nullptr);
+    EXPECT_EQ(app.form.currentFrame(), page->index);
 }
 
 }  // namespace
