@@ -3,6 +3,9 @@
 #include "mapexport/ModKarteFlaeche.h"
 
 #include <array>
+#include <filesystem>
+
+#include "platform/Platform.h"
 
 namespace ortelix {
 
@@ -36,9 +39,22 @@ double SwissMeterProPixel(int listRow) {
     return listRow >= 0 && listRow < static_cast<int>(kMpp.size()) ? kMpp[static_cast<size_t>(listRow)] : kMpp[0];
 }
 
+void OXTempLeeren(Session& s) {
+    const std::string folder = s.platform.tempFolder();
+    if (folder.empty()) return;
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        std::error_code kind;
+        // A file that cannot be removed stays: the export overwrites it or says so.
+        if (it->is_regular_file(kind)) fs::remove(it->path(), kind);
+    }
+}
+
 size_t KartePlanen(Session& s, int kartenTyp, bool meridianGiven) {
     Options& o = s.options;
     if (o.MapExpCheck[11] != 0 && o.MapExpCheck[5] != 0) o.ZahlInput[0] = o.ZahlInput[7];
+    OXTempLeeren(s);
     s.plan.Frame = FrameFuerTyp(kartenTyp, s.plan.Frame);
     const double m = MeridianFuerTyp(o, kartenTyp);
     if (!meridianGiven && m != 0) s.plan.KartenMeridian = m;

@@ -14,6 +14,10 @@ namespace ortelix {
 // sources come with their exports); meridianGiven keeps KartenMeridian.
 size_t KartePlanen(Session& s, int kartenTyp, bool meridianGiven = false);
 
+// Removes the files that an earlier export left in the temporary folder
+// (its folders stay).
+void OXTempLeeren(Session& s);
+
 // The frame and the meridian that a type sets; 0 for a type that sets none
 // (8 and 9 keep the frame; 1 takes the Top50 map's meridian).
 KartenFrame FrameFuerTyp(int kartenTyp, KartenFrame current);

@@ -5,6 +5,7 @@
 #include "coordinates/GaussKrueger.h"
 #include "core/Session.h"
 #include "fake/FakePlatform.h"
+#include "fake/TestFiles.h"
 #include "mapexport/ModKarteFlaeche.h"
 
 namespace ortelix {
@@ -43,7 +44,12 @@ void ExpectEdges(const KartenTeil& t, double w, double e, double s, double n) {
 struct Plan : ::testing::Test {
     FakePlatform p;
     Session s{p};
-    void SetUp() override { s.options.MapExpCheck[11] = 1; }  // "Karten teilen"
+    void SetUp() override {
+        s.options.MapExpCheck[11] = 1;  // "Karten teilen"
+        p.temp = testfiles::FreshFolder("mapexport", std::string("temp-") +
+                                        ::testing::UnitTest::GetInstance()->current_test_info()->name())
+                     .string();
+    }
     void Cut(double east, double north) { TeileFlaeche(s, 1, kR0, kR0 + east, kH0, kH0 + north, 9); }
     const std::vector<KartenTeil>& parts() const { return s.plan.KartenTeilListe; }
 };
@@ -248,6 +254,19 @@ TEST_F(Plan, TheTypeSetsFrameAndMeridianAndTheAreaTypesKeepThem) {
     KartePlanen(s, 6);
     EXPECT_EQ(s.options.ZahlInput[0], "4,5");
     EXPECT_EQ(s.plan.KartenMeridian, 9);
+}
+
+TEST_F(Plan, PlanningClearsTheFilesAnEarlierExportLeftInTheTemporaryFolder) {
+    namespace fs = std::filesystem;
+    const fs::path temp(p.temp);
+    testfiles::Put(temp / "Karte.bmp", "BM");
+    testfiles::Put(temp / "ohne", "x");
+    fs::create_directories(temp / "Kacheln.d");
+    testfiles::Put(temp / "Kacheln.d" / "k1.png", "p");
+    KartePlanen(s, 5);
+    EXPECT_FALSE(fs::exists(temp / "Karte.bmp"));
+    EXPECT_FALSE(fs::exists(temp / "ohne"));
+    EXPECT_TRUE(fs::exists(temp / "Kacheln.d" / "k1.png"));
 }
 
 TEST_F(Plan, CornersAreTheViewersRectangle) {
