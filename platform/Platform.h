@@ -63,6 +63,8 @@ public:
     virtual std::string clipboardText() = 0;
     virtual void setClipboardText(const std::string& text) = 0;
     virtual std::optional<Picture> clipboardPicture() = 0;
+    // Puts a picture on the clipboard; where there is none, nothing happens.
+    virtual void setClipboardPicture(const Picture&) {}
 
     virtual void sendKeys(const std::string& keys) = 0;  // SendKeys notation
     virtual void mousePosition(int& x, int& y) = 0;
