@@ -1,5 +1,6 @@
 // Cross-checks with a real peer: gpsbabel reads the OziExplorer files that we
 // write, and we read the ones that gpsbabel writes.
+#include "fake/Tools.h"
 #include "OziTestSupport.h"
 
 #include <cstdio>
@@ -12,18 +13,8 @@
 namespace ortelix {
 namespace {
 
-bool HaveGpsbabel() { return std::system("command -v gpsbabel >/dev/null 2>&1") == 0; }
-
-std::string Output(const std::string& command) {
-    std::string out;
-    std::FILE* p = ::popen(command.c_str(), "r");
-    if (!p) return out;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
-    ::pclose(p);
-    return out;
-}
+using testtools::CommandOutput;
+using testtools::HaveTool;
 
 // gpsbabel's unicsv output as rows of fields, the header row first; quotes dropped.
 std::vector<std::vector<std::string>> Csv(const std::string& text) {
@@ -59,10 +50,10 @@ class OziGpsbabel : public OziTest {
 protected:
     void SetUp() override {
         OziTest::SetUp();
-        if (!HaveGpsbabel()) GTEST_SKIP() << "gpsbabel is not installed";
+        if (!HaveTool("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
     }
     std::vector<std::vector<std::string>> Babel(const std::string& flag, const std::string& file) {
-        return Csv(Output("gpsbabel " + flag + " -i ozi -f '" + path(file) + "' -o unicsv,utc=0 -F - 2>/dev/null"));
+        return Csv(CommandOutput("gpsbabel " + flag + " -i ozi -f '" + path(file) + "' -o unicsv,utc=0 -F - 2>/dev/null"));
     }
 };
 

@@ -1,6 +1,7 @@
 // Cross-checks with a real peer and with the built program: gpsbabel reads
 // the overlays we write and we read the ones it writes; `ortelix convert`
 // takes "ovl" both ways.
+#include "fake/Tools.h"
 #include "OziTestSupport.h"
 
 #include <cstdio>
@@ -15,18 +16,8 @@
 namespace ortelix {
 namespace {
 
-bool HaveGpsbabel() { return std::system("command -v gpsbabel >/dev/null 2>&1") == 0; }
-
-std::string Output(const std::string& command) {
-    std::string out;
-    std::FILE* p = ::popen(command.c_str(), "r");
-    if (!p) return out;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
-    ::pclose(p);
-    return out;
-}
+using testtools::CommandOutput;
+using testtools::HaveTool;
 
 // The lat/lon attributes of every element `tag` of a GPX text, in order.
 std::vector<std::pair<double, double>> GpxPoints(const std::string& gpx, const std::string& tag) {
@@ -46,7 +37,7 @@ class Top50OvlPeers : public OziTest {
 protected:
     void SetUp() override {
         OziTest::SetUp();
-        if (!HaveGpsbabel()) GTEST_SKIP() << "gpsbabel is not installed";
+        if (!HaveTool("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
         ResetSettings(session->options, false);
     }
 };
@@ -66,7 +57,7 @@ TEST_F(Top50OvlPeers, GpsbabelReadsOurLinesAndShapes) {
         session->options.List[25] = symbol;
         const std::string file = "ours" + std::to_string(symbol) + ".ovl";
         ASSERT_TRUE(WriteFileWith(*session, *FindCommand("MenAusgangTop50OVL"), path(file)));
-        const std::string gpx = Output("gpsbabel -i ggv_ovl -f '" + path(file) + "' -o gpx -F - 2>&1");
+        const std::string gpx = CommandOutput("gpsbabel -i ggv_ovl -f '" + path(file) + "' -o gpx -F - 2>&1");
         const auto line = GpxPoints(gpx, "trkpt");
         ASSERT_EQ(line.size(), 4u) << gpx;
         for (size_t i = 0; i < 4; ++i) {

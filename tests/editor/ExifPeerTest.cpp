@@ -10,22 +10,15 @@
 #include <map>
 #include <sstream>
 
+#include "fake/Tools.h"
 #include "editor/ExifTestSupport.h"
 #include "editor/clsEXIF.h"
 
 namespace ortelix::testing {
 namespace {
 
-std::string Output(const std::string& cmd) {
-    std::string out;
-    FILE* p = ::popen(cmd.c_str(), "r");
-    if (!p) return out;
-    std::array<char, 4096> buf{};
-    size_t n;
-    while ((n = std::fread(buf.data(), 1, buf.size(), p)) > 0) out.append(buf.data(), n);
-    ::pclose(p);
-    return out;
-}
+using testtools::CommandOutput;
+using testtools::HaveTool;
 
 std::vector<double> Numbers(const std::string& text) {
     std::vector<double> v;
@@ -75,7 +68,7 @@ TEST(ExifPeerTest, TextsAgreeWithExiftoolInBothByteOrders) {
                   0);
         // "[IFD0] 306 ModifyDate: 2006:02:16 16:23:10", one a line.
         std::map<int, std::string> peer;
-        std::istringstream lines(Output("exiftool -n -D -s -s -G1 -EXIF:all '" + photo.string() + "'"));
+        std::istringstream lines(CommandOutput("exiftool -n -D -s -s -G1 -EXIF:all '" + photo.string() + "'"));
         for (std::string line; std::getline(lines, line);) {
             const size_t close = line.find("] "), colon = line.find(": ");
             if (close == std::string::npos || colon == std::string::npos) continue;

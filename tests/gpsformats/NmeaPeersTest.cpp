@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <map>
 
+#include "fake/Tools.h"
 #include "core/FileIO.h"
 #include "core/ModulArray.h"
 #include "core/Session.h"
@@ -24,18 +25,8 @@
 namespace ortelix {
 namespace {
 
-bool Have(const char* tool) { return std::system((std::string("command -v ") + tool + " >/dev/null 2>&1").c_str()) == 0; }
-
-std::string Output(const std::string& command) {
-    std::string out;
-    std::FILE* p = ::popen(command.c_str(), "r");
-    if (!p) return out;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
-    ::pclose(p);
-    return out;
-}
+using testtools::CommandOutput;
+using testtools::HaveTool;
 
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
@@ -108,7 +99,7 @@ protected:
 };
 
 TEST_F(NmeaPeers, GpsdecodeTakesEverySentenceAndReportsWhatWeMeant) {
-    if (!Have("gpsdecode")) GTEST_SKIP() << "gpsdecode (gpsd-clients) is not installed";
+    if (!HaveTool("gpsdecode")) GTEST_SKIP() << "gpsdecode (gpsd-clients) is not installed";
     const std::vector<std::string> ours = Lines(ReadFileBytes(log));
     ASSERT_EQ(ours.size(), 4u * 7);
     // -v echoes every packet that passed gpsd's framing and checksum test,
@@ -116,7 +107,7 @@ TEST_F(NmeaPeers, GpsdecodeTakesEverySentenceAndReportsWhatWeMeant) {
     // cycle once a first RMC has given the year.
     std::vector<std::string> echoed;
     std::map<std::string, std::string> tpvByTime;
-    for (const std::string& l : Lines(Output("gpsdecode -v < '" + log + "'"))) {
+    for (const std::string& l : Lines(CommandOutput("gpsdecode -v < '" + log + "'"))) {
         if (l[0] == '$') echoed.push_back(l);
         else if (l.find("\"class\":\"TPV\"") != std::string::npos) tpvByTime[TextAfter(l, "\"time\":\"", '"')] = l;
     }
@@ -140,7 +131,7 @@ TEST_F(NmeaPeers, GpsdecodeTakesEverySentenceAndReportsWhatWeMeant) {
 
     // Its data report of every RMC, VTG and GGA, the first cycle's too:
     // positions to the two decimals it prints, speed in m/s and course.
-    const std::string report = Output("gpsdecode -D 6 < '" + log + "' 2>&1 >/dev/null");
+    const std::string report = CommandOutput("gpsdecode -D 6 < '" + log + "' 2>&1 >/dev/null");
     EXPECT_EQ(report.find("bad checksum"), std::string::npos) << report;
     std::vector<std::string> rmc, vtg, gga;
     for (const std::string& l : Lines(report)) {
@@ -166,8 +157,8 @@ TEST_F(NmeaPeers, GpsdecodeTakesEverySentenceAndReportsWhatWeMeant) {
 }
 
 TEST_F(NmeaPeers, GpsbabelReadsOurLog) {
-    if (!Have("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
-    const std::string gpx = Output("gpsbabel -i nmea -f '" + log + "' -o gpx -F -");
+    if (!HaveTool("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
+    const std::string gpx = CommandOutput("gpsbabel -i nmea -f '" + log + "' -o gpx -F -");
     std::vector<std::string> points;
     for (size_t at = gpx.find("<trkpt "); at != std::string::npos; at = gpx.find("<trkpt ", at + 1))
         points.push_back(gpx.substr(at, gpx.find("</trkpt>", at) - at));
@@ -189,7 +180,7 @@ TEST_F(NmeaPeers, GpsbabelReadsOurLog) {
 }
 
 TEST_F(NmeaPeers, WeReadGpsbabelsLog) {
-    if (!Have("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
+    if (!HaveTool("gpsbabel")) GTEST_SKIP() << "gpsbabel is not installed";
     const std::string gpx = testfiles::Put(dir / "in.gpx",
         "<?xml version=\"1.0\"?>\n<gpx version=\"1.0\" creator=\"t\" xmlns=\"http://www.topografix.com/GPX/1/0\">\n"
         "<trk><name>a</name><trkseg>\n"
