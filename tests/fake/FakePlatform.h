@@ -32,6 +32,7 @@ public:
     std::vector<bool> dateAnswer;             // empty: tick every date
     std::vector<std::string> datesAsked;
     std::string clipboard;
+    std::optional<Picture> clipboardPic;      // the picture on the clipboard, if any
     std::vector<std::string> keys;
     std::vector<std::pair<int, int>> clicks;
     std::vector<std::string> started;
@@ -71,7 +72,8 @@ public:
     double localNow() override { return localStart + clock / 86400; }
     std::string clipboardText() override { return clipboard; }
     void setClipboardText(const std::string& text) override { clipboard = text; }
-    std::optional<Picture> clipboardPicture() override { return std::nullopt; }
+    std::optional<Picture> clipboardPicture() override { return clipboardPic; }
+    void setClipboardPicture(const Picture& picture) override { clipboardPic = picture; }
     void sendKeys(const std::string& k) override { keys.push_back(k); }
     void mousePosition(int& x, int& y) override { x = y = 0; }
     void mouseClick(int x, int y) override { clicks.emplace_back(x, y); }
