@@ -11,6 +11,7 @@ packages=(
   gpsbabel proj-bin proj-data gdal-bin gpsd gpsd-clients socat
   libimage-exiftool-perl giflib-tools mdbtools-dev xvfb time
   libxml2-utils qt6-translations-l10n linux-perf
+  imagemagick python3-pil
 )
 
 missing=()
