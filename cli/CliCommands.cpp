@@ -39,6 +39,10 @@ const std::vector<CliCommand>& CliCommands() {
          "EINGABE... AUSGABE",
          "setzt für jedes Foto einen Waypoint an die Stelle des Tracks zur Aufnahmezeit und schreibt alles in die Ausgabe",
          GeotagCommand},
+        {"image",
+         "ortelix image EINGABE AUSGABE [--colors N] [--depth 1|4|8] [--transparent RRGGBB] [--resize BxH] [--web-safe]",
+         "wandelt ein Bild (BMP, PNG, JPEG, GIF) nach der Endung der Ausgabe in BMP, GIF, JPEG oder PNG",
+         ImageCommand},
     };
     return table;
 }

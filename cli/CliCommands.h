@@ -30,5 +30,6 @@ int ExifCommand(const std::vector<std::string>& args);
 int GeotagCommand(const std::vector<std::string>& args);
 int CalibrateCommand(const std::vector<std::string>& args);
 int PlanCommand(const std::vector<std::string>& args);
+int ImageCommand(const std::vector<std::string>& args);
 
 }  // namespace ortelix

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ortelix {
@@ -65,6 +66,27 @@ public:
     virtual std::optional<Picture> clipboardPicture() = 0;
     // Puts a picture on the clipboard; where there is none, nothing happens.
     virtual void setClipboardPicture(const Picture&) {}
+
+    // Picture files through the system's image libraries: decoding BMP, GIF,
+    // PNG and JPEG bytes, encoding PNG and JPEG ("PNG", "JPG"; quality 0 to
+    // 100), a file's pixel size from its header. The cause of a failure in
+    // `error`. A platform without image libraries fails every call.
+    virtual bool imageCodecsReady() { return false; }
+    virtual std::optional<Picture> decodeImage(const std::string& bytes, std::string& error) {
+        (void)bytes;
+        error = "Keine Bildbibliothek vorhanden";
+        return std::nullopt;
+    }
+    virtual std::optional<std::string> encodeImage(const Picture& picture, const std::string& format, int quality,
+                                                   std::string& error) {
+        (void)picture, (void)format, (void)quality;
+        error = "Keine Bildbibliothek vorhanden";
+        return std::nullopt;
+    }
+    virtual std::optional<std::pair<int, int>> imageFileSize(const std::string& path) {
+        (void)path;
+        return std::nullopt;
+    }
 
     virtual void sendKeys(const std::string& keys) = 0;  // SendKeys notation
     virtual void mousePosition(int& x, int& y) = 0;

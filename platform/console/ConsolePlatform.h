@@ -6,6 +6,7 @@
 
 #include "platform/Platform.h"
 #include "platform/QtCommon.h"
+#include "platform/QtImages.h"
 #include "platform/JoystickDevice.h"
 #include "platform/SerialSettings.h"
 
@@ -41,6 +42,15 @@ public:
     std::string clipboardText() override { return {}; }
     void setClipboardText(const std::string&) override {}
     std::optional<Picture> clipboardPicture() override { return std::nullopt; }
+    bool imageCodecsReady() override { return QtImageCodecsReady(); }
+    std::optional<Picture> decodeImage(const std::string& bytes, std::string& error) override {
+        return QtDecodeImage(bytes, error);
+    }
+    std::optional<std::string> encodeImage(const Picture& picture, const std::string& format, int quality,
+                                           std::string& error) override {
+        return QtEncodeImage(picture, format, quality, error);
+    }
+    std::optional<std::pair<int, int>> imageFileSize(const std::string& path) override { return QtImageFileSize(path); }
     void sendKeys(const std::string&) override {}
     void mousePosition(int& x, int& y) override { x = y = 0; }
     void mouseClick(int, int) override {}

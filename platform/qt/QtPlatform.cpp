@@ -137,6 +137,15 @@ void QtPlatform::setClipboardText(const std::string& text) {
     QApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
+void QtPlatform::setClipboardPicture(const Picture& picture) {
+    if (picture.width <= 0 || picture.height <= 0) return;
+    QImage img(picture.width, picture.height, QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height; ++y)
+        std::copy_n(picture.pixels.begin() + static_cast<ptrdiff_t>(y) * picture.width, picture.width,
+                    reinterpret_cast<uint32_t*>(img.scanLine(y)));
+    QApplication::clipboard()->setImage(img);
+}
+
 std::optional<Picture> QtPlatform::clipboardPicture() {
     const QImage img = QApplication::clipboard()->image().convertToFormat(QImage::Format_ARGB32);
     if (img.isNull()) return std::nullopt;

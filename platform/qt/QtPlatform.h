@@ -6,6 +6,7 @@
 
 #include "platform/Platform.h"
 #include "platform/QtCommon.h"
+#include "platform/QtImages.h"
 #include "platform/JoystickDevice.h"
 #include "platform/SerialSettings.h"
 
@@ -40,6 +41,16 @@ public:
     std::string clipboardText() override;
     void setClipboardText(const std::string& text) override;
     std::optional<Picture> clipboardPicture() override;
+    void setClipboardPicture(const Picture& picture) override;
+    bool imageCodecsReady() override { return QtImageCodecsReady(); }
+    std::optional<Picture> decodeImage(const std::string& bytes, std::string& error) override {
+        return QtDecodeImage(bytes, error);
+    }
+    std::optional<std::string> encodeImage(const Picture& picture, const std::string& format, int quality,
+                                           std::string& error) override {
+        return QtEncodeImage(picture, format, quality, error);
+    }
+    std::optional<std::pair<int, int>> imageFileSize(const std::string& path) override { return QtImageFileSize(path); }
     void sendKeys(const std::string& keys) override;
     void mousePosition(int& x, int& y) override;
     void mouseClick(int x, int y) override;

@@ -33,6 +33,17 @@ public:
     std::vector<std::string> datesAsked;
     std::string clipboard;
     std::optional<Picture> clipboardPic;      // the picture on the clipboard, if any
+    // Image libraries: whether they load, the pictures some file bytes decode
+    // to, every picture encoded (format, quality), and file sizes by path.
+    bool imageCodecs = true;
+    std::map<std::string, Picture> decodable;
+    struct Encoded {
+        std::string format;
+        int quality = 0;
+        Picture picture;
+    };
+    std::vector<Encoded> encoded;
+    std::map<std::string, std::pair<int, int>> imageSizes;
     std::vector<std::string> keys;
     std::vector<std::pair<int, int>> clicks;
     std::vector<std::string> started;
@@ -74,6 +85,30 @@ public:
     void setClipboardText(const std::string& text) override { clipboard = text; }
     std::optional<Picture> clipboardPicture() override { return clipboardPic; }
     void setClipboardPicture(const Picture& picture) override { clipboardPic = picture; }
+    bool imageCodecsReady() override { return imageCodecs; }
+    std::optional<Picture> decodeImage(const std::string& bytes, std::string& error) override {
+        const auto it = decodable.find(bytes);
+        if (it == decodable.end()) {
+            error = "Unbekanntes Bildformat";
+            return std::nullopt;
+        }
+        return it->second;
+    }
+    // Encodes as the format's name and the size, e.g. "PNG 3x2".
+    std::optional<std::string> encodeImage(const Picture& picture, const std::string& format, int quality,
+                                           std::string& error) override {
+        if (!imageCodecs) {
+            error = "Keine Bildbibliothek";
+            return std::nullopt;
+        }
+        encoded.push_back({format, quality, picture});
+        return format + " " + std::to_string(picture.width) + "x" + std::to_string(picture.height);
+    }
+    std::optional<std::pair<int, int>> imageFileSize(const std::string& path) override {
+        const auto it = imageSizes.find(path);
+        if (it == imageSizes.end()) return std::nullopt;
+        return it->second;
+    }
     void sendKeys(const std::string& k) override { keys.push_back(k); }
     void mousePosition(int& x, int& y) override { x = y = 0; }
     void mouseClick(int x, int y) override { clicks.emplace_back(x, y); }
