@@ -126,11 +126,22 @@ cDIBSection cDIBSection::Resample(long lNewHeight, long lNewWidth) const {
     }
     const AxisWeights wx = Weights(width_, out.width_);
     const AxisWeights wy = Weights(height_, out.height_);
-    // Across first: every source row to the new width, in doubles.
-    std::vector<double> across(size_t(out.width_) * 3 * size_t(height_));
-    for (int y = 0; y < height_; ++y) {
+    const size_t rowLen = size_t(out.width_) * 3;
+    // Source rows brought to the new width, two at a time: the rows of
+    // consecutive target rows overlap by at most one when shrinking and are
+    // the same pair when growing, so each is computed about once and memory
+    // stays at a few rows whatever the picture's size.
+    std::vector<double> cache[2] = {std::vector<double>(rowLen), std::vector<double>(rowLen)};
+    int cachedRow[2] = {-1, -1};
+    int nextSlot = 0;
+    auto across = [&](int y) -> const std::vector<double>& {
+        for (int i = 0; i < 2; ++i)
+            if (cachedRow[i] == y) return cache[i];
+        const int slot = nextSlot;
+        nextSlot ^= 1;
+        cachedRow[slot] = y;
         const uint8_t* src = ScanLine(y);
-        double* dst = across.data() + size_t(y) * size_t(out.width_) * 3;
+        double* dst = cache[slot].data();
         for (int x = 0; x < out.width_; ++x) {
             const Tap& t = wx.taps[size_t(x)];
             double b = 0, g = 0, r = 0;
@@ -145,14 +156,14 @@ cDIBSection cDIBSection::Resample(long lNewHeight, long lNewWidth) const {
             dst[3 * x + 1] = g;
             dst[3 * x + 2] = r;
         }
-    }
-    const size_t rowLen = size_t(out.width_) * 3;
+        return cache[slot];
+    };
     std::vector<double> sum(rowLen);
     for (int y = 0; y < out.height_; ++y) {
         std::fill(sum.begin(), sum.end(), 0.0);
         const Tap& t = wy.taps[size_t(y)];
         for (int k = t.first; k < t.first + t.count; ++k) {
-            const double* src = across.data() + size_t(wy.source[size_t(k)]) * rowLen;
+            const std::vector<double>& src = across(wy.source[size_t(k)]);
             const double w = wy.weight[size_t(k)];
             for (size_t i = 0; i < rowLen; ++i) sum[i] += w * src[i];
         }

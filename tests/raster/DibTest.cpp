@@ -128,6 +128,24 @@ TEST(Dib, ResampleAveragesStripesAndKeepsSameSize) {
     EXPECT_LE(hi, 128 + 26);
     EXPECT_EQ(small.ScanLine(0)[90], 0);  // padding stays zero
 
+    // Exact area means: 4 x 4 to 2 x 2 averages blocks, 3 to 2 columns
+    // weighs the middle column half to each side.
+    cDIBSection ramp;
+    ASSERT_TRUE(ramp.Create(4, 4));
+    for (int row = 0; row < 4; ++row)
+        for (int x = 0; x < 4; ++x) SetPixel(ramp, x, row, uint8_t(x * 10 + row * 60), 0, 0);
+    const cDIBSection quarter = ramp.Resample(2, 2);
+    EXPECT_EQ(quarter.ScanLine(0)[2], 35);
+    EXPECT_EQ(quarter.ScanLine(0)[5], 55);
+    EXPECT_EQ(quarter.ScanLine(1)[2], 155);
+    EXPECT_EQ(quarter.ScanLine(1)[5], 175);
+    cDIBSection three;
+    ASSERT_TRUE(three.Create(3, 1));
+    for (int x = 0; x < 3; ++x) SetPixel(three, x, 0, 0, uint8_t(x * 90), 0);
+    const cDIBSection two3 = three.Resample(1, 2);
+    EXPECT_EQ(two3.ScanLine(0)[1], 30);
+    EXPECT_EQ(two3.ScanLine(0)[4], 150);
+
     // Height comes first.
     const cDIBSection tall = d.Resample(7, 3);
     EXPECT_EQ(tall.Height(), 7);
