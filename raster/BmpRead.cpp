@@ -58,7 +58,7 @@ cDIBSection ReadBmp(std::string_view b) {
     uint32_t bitCount, compression = 0, clrUsed = 0;
     if (core) {
         width = LE16(b, 18);
-        height = int16_t(LE16(b, 20));
+        height = LE16(b, 20);  // the old OS/2 header knows only bottom-up
         bitCount = LE16(b, 24);
     } else {
         width = int32_t(LE32(b, 18));

@@ -85,6 +85,22 @@ TEST(BmpRead, EveryDepthBottomUpAndTopDown) {
     std::string fields = Bmp(1, 1, 32, masks, std::string("\x0A\x0B\x0C\x00", 4), 3);
     const cDIBSection bf = ReadBmp(fields);
     EXPECT_EQ(Rgb(bf, 0, 0), (std::array{10, 11, 12}));
+
+    // The 12-byte OS/2 header: 16-bit sides, 3-byte table entries.
+    std::string os2(26, '\0');
+    os2[0] = 'B';
+    os2[1] = 'M';
+    Put32(os2, 10, 26 + 6);
+    Put32(os2, 14, 12);
+    Put16(os2, 18, 2);
+    Put16(os2, 20, 1);
+    Put16(os2, 22, 1);
+    Put16(os2, 24, 1);
+    os2 += std::string("\x10\x20\x30\x40\x50\x60", 6) + std::string("\x40\0\0\0", 4);
+    const cDIBSection old = ReadBmp(os2);
+    EXPECT_EQ(old.Width(), 2);
+    EXPECT_EQ(Rgb(old, 0, 0), (std::array{0x30, 0x20, 0x10}));
+    EXPECT_EQ(Rgb(old, 1, 0), (std::array{0x60, 0x50, 0x40}));
 }
 
 TEST(BmpRead, BrokenFilesFailWithTheirCause) {
