@@ -1,6 +1,7 @@
 #include <QColor>
 #include <QImage>
 
+#include <cstdlib>
 #include <cstring>
 #include <set>
 
@@ -166,6 +167,25 @@ TEST_F(Image, ConvertsBetweenFormatsKeepingPixels) {
     if (testtools::HaveTool("identify")) {
         EXPECT_EQ(testtools::CommandOutput("identify -format %Q " + Path("out.jpg")), "90");
     }
+}
+
+// ImageMagick's -scale averages boxes too: a noisy picture shrunk by a
+// fraction lands within one level of it everywhere.
+TEST_F(Image, ShrinkingAgreesWithImageMagickScale) {
+    if (!testtools::HaveTool("compare") || !testtools::HaveTool("identify"))
+        GTEST_SKIP() << "ImageMagick is not installed";
+    cDIBSection noise;
+    ASSERT_TRUE(noise.Create(301, 203));
+    noise.RandomiseBits(false, 21);
+    noise.SavePicture(Path("noise.bmp"));
+    const auto r = Ortelix("image " + Path("noise.bmp") + " " + Path("ours.bmp") + " --resize 97x61");
+    ASSERT_EQ(r.code, 0) << r.out;
+    // /usr/bin: the real ImageMagick, not a stand-in earlier on the path.
+    const std::string magick = testtools::HaveTool("/usr/bin/convert") ? "/usr/bin/convert" : "convert";
+    ASSERT_EQ(std::system((magick + " " + Path("noise.bmp") + " -scale 97x61! " + Path("ref.bmp")).c_str()), 0);
+    const std::string pae =
+        testtools::CommandOutput("compare -metric PAE " + Path("ours.bmp") + " " + Path("ref.bmp") + " null: 2>&1");
+    EXPECT_LE(std::atof(pae.c_str()), 257.0) << pae;  // 257: one level of 255 on ImageMagick's 16-bit scale
 }
 
 TEST_F(Image, GifAndLowDepthBmpFollowTheFlags) {
