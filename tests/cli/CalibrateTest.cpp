@@ -9,6 +9,7 @@
 #include "cli/CliTestSupport.h"
 #include "core/Charset.h"
 #include "core/FileIO.h"
+#include "fake/Tools.h"
 #include "mapexport/Kalibrierung.h"
 
 namespace ortelix::testing {
@@ -17,17 +18,8 @@ namespace {
 // The Taunus sheet, small: 160 x 120 pixels from 8.512346 E 50.312346 N to 8.9 E 50.1 N.
 constexpr const char* kCorners = "160 120 8.512346 50.312346 8.9 50.1";
 
-std::string Shell(const std::string& cmd) {
-    std::string out;
-    FILE* p = ::popen((cmd + " 2>&1").c_str(), "r");
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
-    ::pclose(p);
-    return out;
-}
+std::string Shell(const std::string& cmd) { return testtools::CommandOutput(cmd + " 2>&1"); }
 
-bool Have(const char* tool) { return !Shell(std::string("command -v ") + tool).empty(); }
 
 std::vector<double> Numbers(const std::string& text) {
     std::istringstream in(text);
@@ -114,7 +106,7 @@ TEST_F(Calibrate, RefusesWrongCallsAndReportsAFailedFile) {
 // GDAL reads the .map: pixel (1,1) is the top left corner and (w,h) the
 // bottom right, to 1e-7 degrees (the file's minutes have six decimals).
 TEST_F(Calibrate, GdalPlacesTheMapCornersWhereTheyWereGiven) {
-    if (!Have("gdaltransform")) GTEST_SKIP() << "gdaltransform (gdal-bin) fehlt";
+    if (!testtools::HaveTool("gdaltransform")) GTEST_SKIP() << "gdaltransform (gdal-bin) fehlt";
     const std::string image = Image();
     for (const char* meridian : {"9", "latlong"}) {
         SCOPED_TRACE(meridian);
@@ -133,7 +125,7 @@ TEST_F(Calibrate, GdalPlacesTheMapCornersWhereTheyWereGiven) {
 // The world file and the ER Mapper header name the top left corner as the
 // centre of pixel (0,0): GDAL's origin lies half a pixel west and north.
 TEST_F(Calibrate, GdalReadsTheWorldFileTheErsHeaderAndTheProjection) {
-    if (!Have("gdalinfo") || !Have("gdalsrsinfo")) GTEST_SKIP() << "gdalinfo/gdalsrsinfo (gdal-bin) fehlt";
+    if (!testtools::HaveTool("gdalinfo") || !testtools::HaveTool("gdalsrsinfo")) GTEST_SKIP() << "gdalinfo/gdalsrsinfo (gdal-bin) fehlt";
     const std::string image = Image();
     ASSERT_EQ(Ortelix("calibrate " + image + " " + kCorners + " --meridian 9").code, 0);
     const WeltDatei w = BerechneWeltDatei(Sheet(9));
@@ -160,7 +152,7 @@ TEST_F(Calibrate, GdalReadsTheWorldFileTheErsHeaderAndTheProjection) {
 // PROJ with the Potsdam shift gives our Gauss-Krueger corners to 2 cm east;
 // our series lie 2.2 to 2.6 m north of PROJ in Germany.
 TEST_F(Calibrate, ProjAgreesWithTheGridCornersOfTheWorldFile) {
-    if (!Have("cs2cs")) GTEST_SKIP() << "cs2cs (proj-bin) fehlt";
+    if (!testtools::HaveTool("cs2cs")) GTEST_SKIP() << "cs2cs (proj-bin) fehlt";
     const std::string image = Image();
     ASSERT_EQ(Ortelix("calibrate " + image + " " + kCorners + " --meridian 9").code, 0);
     const std::vector<double> jgw = Numbers(ReadFileBytes(Path("Taunus.jgw")));
