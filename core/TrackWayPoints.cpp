@@ -18,17 +18,22 @@ int64_t OfDay(int64_t seconds) {
 }
 
 GeoPointIn At(const TrackPoint& p, int32_t fore, int32_t back) {
+    GeoPointIn g = WayPointAt(p);
+    g.foreColor = fore;
+    g.backColor = back;
+    return g;
+}
+}  // namespace
+
+GeoPointIn WayPointAt(const TrackPoint& p) {
     GeoPointIn g;
     g.lon = p.Lon;
     g.lat = p.Lat;
     if (p.Alt.has()) g.alt = static_cast<double>(*p.Alt);
     g.date = p.Date_;
     g.time = p.Time_;
-    g.foreColor = fore;
-    g.backColor = back;
     return g;
 }
-}  // namespace
 
 std::string HourMinutes(int64_t seconds, bool twoDigitHour) {
     const int64_t s = OfDay(seconds);

@@ -9,6 +9,10 @@
 
 namespace ortelix {
 
+// A waypoint where a track point lies: position, altitude, date and time,
+// nothing else.
+GeoPointIn WayPointAt(const TrackPoint& p);
+
 // "Start " and the track's name; 255 on 65280.
 GeoPointIn StartWayPoint(std::string_view trackName, const TrackPoint& at);
 

@@ -5,6 +5,7 @@
 #include "coordinates/Entfernung.h"
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
+#include "core/TrackWayPoints.h"
 #include "editor/CellFormats.h"
 #include "editor/ModDigiCam.h"
 #include "editor/RouteWalk.h"
@@ -27,12 +28,6 @@ void SetSeconds(P& p, int64_t seconds) {
 }
 
 int64_t DaysToSeconds(double days) { return std::llround(days * kSecondsPerDay); }
-
-// "hh:mm" of a duration, hours of the day as the grid shows them.
-std::string HoursMinutes(int64_t seconds) {
-    const int64_t h = (seconds / 3600) % 24, m = (seconds / 60) % 60;
-    return FormatPoint(static_cast<double>(h), "00") + ":" + FormatPoint(static_cast<double>(m), "00");
-}
 
 }  // namespace
 
@@ -117,16 +112,11 @@ int WaypointBeiZeitpunkt(Session& s, ModuleEditor& ed) {
         size_t index = 0;
         if (!FindPointByTime(track, moment, index)) continue;
         const TrackPoint& p = track.Points[index];
-        GeoPointIn w;
-        w.lon = p.Lon;
-        w.lat = p.Lat;
+        GeoPointIn w = WayPointAt(p);
+        if (p.Course) w.course = *p.Course;
         w.name = "T" + std::to_string(t + 1) + "P" + std::to_string(index + 1);
         w.desc = track.Name + " nach " + FormatPoint(p.DistKm, "0.00") + " km und " +
-                 HoursMinutes(p.Duration.valueOr(0)) + " Std:Min";
-        if (p.Alt) w.alt = *p.Alt;
-        if (p.Course) w.course = *p.Course;
-        w.date = p.Date_;
-        w.time = p.Time_;
+                 HourMinutes(p.Duration.valueOr(0), true) + " Std:Min";
         const size_t before = s.store.WayPoints.size();
         AddWayPoint(s, std::move(w));
         added += s.store.WayPoints.size() > before ? 1 : 0;

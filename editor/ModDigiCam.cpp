@@ -172,13 +172,8 @@ PhotoResult FotoAufTrack(Session& s, const DigiCamRun& run, const std::string& p
         if (!hit) continue;
         ++result.hits;
         const TrackPoint& p = tracks[t].Points[index];
-        GeoPointIn w;
-        w.lon = p.Lon;
-        w.lat = p.Lat;
-        if (p.Alt.has()) w.alt = double(*p.Alt);
+        GeoPointIn w = WayPointAt(p);
         if (p.Course.has()) w.course = double(*p.Course);
-        w.date = p.Date_;
-        w.time = p.Time_;
         w.name = baseName;
         w.desc = tracks[t].Name + " nach " + FormatPoint(p.DistKm, "0.0") + " km und " +
                  HourMinutes(p.Duration.valueOr(0), true) + " Std:Min";
