@@ -40,4 +40,6 @@ OptDouble AskNumber(Session& s, const std::string& prompt, const std::string& ti
     return LeadingNumber(point);
 }
 
+std::string TrackPointName(size_t t, size_t i) { return "T" + std::to_string(t + 1) + "P" + std::to_string(i + 1); }
+
 }  // namespace ortelix

@@ -32,6 +32,9 @@ inline ElementRange MarkedElements(const ModuleEditor& ed, Marked m) {
 // "Editor Track", "Editor Route", "Editor Waypoint".
 std::string EditorTitle(EditorView view);
 
+// The name of point i of track t (both from 0) as the transfers give it: "T1P1".
+std::string TrackPointName(size_t t, size_t i);
+
 // The shown track or route, nullptr when the view shows another kind or the
 // element does not exist.
 Track* ShownTrack(Session& s, const ModuleEditor& ed);

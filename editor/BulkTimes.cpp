@@ -6,6 +6,7 @@
 #include "core/ModulShared.h"
 #include "core/ReadFilter.h"
 #include "core/TrackWayPoints.h"
+#include "editor/BulkTarget.h"
 #include "editor/CellFormats.h"
 #include "editor/ModDigiCam.h"
 #include "editor/RouteWalk.h"
@@ -114,7 +115,7 @@ int WaypointBeiZeitpunkt(Session& s, ModuleEditor& ed) {
         const TrackPoint& p = track.Points[index];
         GeoPointIn w = WayPointAt(p);
         if (p.Course) w.course = *p.Course;
-        w.name = "T" + std::to_string(t + 1) + "P" + std::to_string(index + 1);
+        w.name = TrackPointName(t, index);
         w.desc = track.Name + " nach " + FormatPoint(p.DistKm, "0.00") + " km und " +
                  HourMinutes(p.Duration.valueOr(0), true) + " Std:Min";
         const size_t before = s.store.WayPoints.size();
@@ -137,7 +138,7 @@ bool NeueTrackzeiten(Session& s, int track, const TrackZeitWahl& wahl) {
     int64_t moment = start;
     double legSpeed = 0, course = 0;
     for (size_t i = 0; i + 1 < n; ++i) {
-        s.store.StatusText.set("T" + std::to_string(track + 1) + "P" + std::to_string(i + 1));
+        s.store.StatusText.set(TrackPointName(static_cast<size_t>(track), i));
         const double dist = Entfernung(pts[i].Lon, pts[i].Lat, pts[i + 1].Lon, pts[i + 1].Lat, course);
         SetSeconds(pts[i], moment);
         int64_t next = 0;

@@ -1,6 +1,7 @@
 #include "editor/BulkTransfer.h"
 
 #include "core/ModulShared.h"
+#include "editor/BulkTarget.h"
 #include "editor/CellFormats.h"
 
 namespace ortelix {
@@ -19,8 +20,6 @@ GeoPoint FromTrackPoint(const TrackPoint& p) {
     w.Time_ = p.Time_;
     return w;
 }
-
-std::string PointName(size_t t, size_t i) { return "T" + std::to_string(t + 1) + "P" + std::to_string(i + 1); }
 
 void CountWayPoints(DataStore& st) { st.WayPointCount = static_cast<int32_t>(st.WayPoints.size()); }
 
@@ -63,7 +62,7 @@ bool TrackZuRoute(Session& s, ModuleEditor& ed) {
     for (size_t i = 0; i < track.Points.size(); ++i) {
         GeoPoint& p = r.Points[first + i];
         p = FromTrackPoint(track.Points[i]);
-        p.Name = PointName(t, i);
+        p.Name = TrackPointName(t, i);
         s.progress();
     }
     return true;
@@ -77,7 +76,7 @@ bool TrackZuWaypoint(Session& s, ModuleEditor& ed) {
     for (size_t i = 0; i < track->Points.size(); ++i) {
         GeoPoint& w = s.store.WayPoints[first + i];
         w = FromTrackPoint(track->Points[i]);
-        w.Name = PointName(t, i);
+        w.Name = TrackPointName(t, i);
         w.ForeColor = kTransferFore;
         w.BackColor = kTransferBack;
         s.progress();
